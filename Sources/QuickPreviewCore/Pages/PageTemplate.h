@@ -1,0 +1,40 @@
+#pragma once
+
+#include "Support/FileKind.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+/// The pieces that every page shares. Arguments are plain text and escaped here, unless said otherwise.
+namespace quillmar::PageTemplate {
+
+/// A share of an item's bytes.
+struct CompositionPart {
+    FileKind kind = FileKind::other;
+    std::int64_t size = 0;  ///< bytes
+    std::int64_t count = 0; ///< items
+    bool operator==(const CompositionPart&) const = default;
+};
+
+/// The whole document: head, stylesheet and \p body, which is HTML. \p bodyClass is a word of our own.
+std::string document(std::string_view title, std::string_view bodyClass, std::string_view body);
+
+/// \p icon is an attachment's reference; without one a placeholder stands in its place.
+std::string header(const std::optional<std::string>& icon, std::string_view title,
+                   const std::vector<std::string>& facts, const std::vector<std::string>& badges);
+
+/// Figures in a row: pairs of label and value.
+std::string stats(const std::vector<std::pair<std::string, std::string>>& figures);
+
+/// One large figure with its caption.
+std::string hero(std::string_view value, std::string_view caption);
+
+/// A bar of the parts that have bytes, in the order given, and a legend of the first six. Empty when no part
+/// has.
+std::string composition(const std::vector<CompositionPart>& parts);
+
+} // namespace quillmar::PageTemplate

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "Platform/Data.h"
+#include "Platform/FileURL.h"
+
+#include <cstddef>
+#include <cstdint>
+
+namespace quillmar {
+
+/// A regular file, open for reading; closed when it goes. Pipes, sockets and devices are never opened: reading
+/// them could block for ever or take bytes away from their owner.
+class FileHandle {
+public:
+    /// Throws FileError.
+    explicit FileHandle(const FileURL& url);
+    ~FileHandle();
+    FileHandle(const FileHandle&) = delete;
+    FileHandle& operator=(const FileHandle&) = delete;
+
+    /// The next bytes, at most \p count; fewer only at the end of the file. Memory is taken for what is there,
+    /// not for what is asked. Throws FileError.
+    Data read(std::size_t count);
+
+private:
+    FileURL url_;
+    int descriptor_;
+};
+
+/// The first bytes of the file, at most \p count. Throws FileError.
+Data readPrefix(const FileURL& url, std::size_t count);
+
+} // namespace quillmar
