@@ -2,6 +2,7 @@
 
 #include "Support/FileKind.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -22,6 +23,11 @@ struct CompositionPart {
 
 /// The whole document: head, stylesheet and \p body, which is HTML. \p bodyClass is a word of our own.
 std::string document(std::string_view title, std::string_view bodyClass, std::string_view body);
+
+/// The same in two halves, for a large body that is written between them and never copied. Room is made for
+/// \p bodyBytes.
+std::string documentStart(std::string_view title, std::string_view bodyClass, std::size_t bodyBytes);
+inline constexpr std::string_view documentEnd = "\n</body>\n</html>";
 
 /// \p icon is an attachment's reference; without one a placeholder stands in its place.
 std::string header(const std::optional<std::string>& icon, std::string_view title,

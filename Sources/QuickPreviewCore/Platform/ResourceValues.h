@@ -21,4 +21,7 @@ struct ResourceValues {
 /// asked.
 std::optional<ResourceValues> resourceValues(const FileURL& url);
 
+/// False when nothing bears that name; a broken symbolic link exists, and so does what may not be looked at.
+bool itemExists(const FileURL& url);
+
 } // namespace quillmar

@@ -1,0 +1,60 @@
+#include "Platform/UTF8.h"
+
+#include <cstdint>
+#include <cstring>
+#include <unicode/utf8.h>
+
+namespace quillmar::UTF8 {
+namespace {
+
+// The macro of ICU's header converts between its own integer types without a word.
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wconversion"
+
+/// Moves \p position behind one code point or one maximal subpart, whose value is negative.
+UChar32 next(std::string_view text, std::size_t& position) {
+    UChar32 character = 0;
+    U8_NEXT(text.data(), position, text.size(), character);
+    return character;
+}
+
+#pragma GCC diagnostic pop
+
+/// Bytes of ASCII at the start of \p text, found a machine word at a time.
+std::size_t asciiPrefix(std::string_view text) {
+    constexpr std::uint64_t highBits = 0x8080808080808080;
+    std::size_t i = 0;
+    for (; text.size() - i >= sizeof(std::uint64_t); i += sizeof(std::uint64_t)) {
+        std::uint64_t word = 0;
+        std::memcpy(&word, text.data() + i, sizeof word);
+        if ((word & highBits) != 0) break;
+    }
+    while (i < text.size() && static_cast<unsigned char>(text[i]) < 0x80) ++i;
+    return i;
+}
+
+} // namespace
+
+CodePoint codePointAt(std::string_view text, std::size_t position) {
+    std::size_t end = position;
+    const UChar32 character = next(text, end);
+    if (character < 0) return {.value = 0xFFFD, .length = end - position, .isWellFormed = false};
+    return {.value = static_cast<char32_t>(character), .length = end - position, .isWellFormed = true};
+}
+
+std::size_t validPrefix(std::string_view text) {
+    std::size_t i = 0;
+    while (i < text.size()) {
+        i += asciiPrefix(text.substr(i));
+        while (i < text.size() && static_cast<unsigned char>(text[i]) >= 0x80) {
+            std::size_t end = i;
+            if (next(text, end) < 0) return i;
+            i = end;
+        }
+    }
+    return i;
+}
+
+bool isASCII(std::string_view text) { return asciiPrefix(text) == text.size(); }
+
+} // namespace quillmar::UTF8

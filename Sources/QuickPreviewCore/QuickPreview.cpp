@@ -1,0 +1,115 @@
+#include "QuickPreview.h"
+
+#include "Pages/MessagePage.h"
+#include "Pages/TextPage.h"
+#include "Platform/ByteCountFormat.h"
+#include "Platform/FileHandle.h"
+#include "Platform/ResourceValues.h"
+#include "Platform/Text.h"
+#include "Support/HTML.h"
+
+#include <algorithm>
+#include <array>
+#include <new>
+#include <stdexcept>
+
+namespace quillmar::QuickPreview {
+namespace {
+
+struct PageSize {
+    double width;
+    double height;
+};
+
+// Points. The size follows the route: a binary file found by the text route keeps that route's size.
+constexpr PageSize textSize{900, 700};
+constexpr PageSize errorSize{520, 380};
+
+struct Page {
+    std::string html;
+    PageSize size;
+};
+
+/// Bytes of a text file that are shown. One more is read, to know whether there are more.
+constexpr std::size_t maxTextBytes = 524'288;
+
+/// Bytes that are searched for a zero, which no text holds.
+constexpr std::size_t binaryTestBytes = 8'192;
+
+/// Extensions that mean Markdown whatever the content type says.
+constexpr std::array<std::string_view, 8> markdownExtensions{
+    "md", "markdown", "mdown", "mkd", "mkdn", "mdwn", "mdtext", "mdx",
+};
+constexpr std::string_view markdownType = "net.daringfireball.markdown";
+
+bool isMarkdown(const FileURL& url, const std::optional<UniformType>& type) {
+    const std::string extension = lowercased(url.pathExtension());
+    if (std::ranges::find(markdownExtensions, extension) != markdownExtensions.end()) return true;
+    return type && type->conformsTo(markdownType);
+}
+
+bool isBinary(DataView data) { return data.substr(0, binaryTestBytes).find('\0') != data.npos; }
+
+std::string text(const FileURL& url, const std::optional<UniformType>& type, PreviewAssets& assets) {
+    Data data = readPrefix(url, maxTextBytes + 1);
+    const std::string name = url.lastPathComponent();
+    const auto icon = assets.typeIcon(type ? type->identifier() : "public.plain-text");
+    const auto bytesRead = static_cast<std::int64_t>(data.size());
+    const auto values = resourceValues(url);
+    const std::int64_t size = values ? values->fileSize.value_or(bytesRead) : bytesRead;
+    if (isBinary(data)) {
+        const std::string message =
+            "This is a binary file, " + formattedSize(size) + ", with nothing readable to preview.";
+        return MessagePage::html(name, message, icon);
+    }
+
+    const bool isWhole = data.size() <= maxTextBytes;
+    if (!isWhole) data.resize(maxTextBytes);
+    const std::string text = decodedText(std::move(data));
+
+    std::optional<std::string_view> label = TextPage::language(name);
+    if (!label && type) label = type->localizedDescription();
+    std::vector<std::string> facts{std::string(label.value_or("Text"))};
+    if (isWhole) facts.push_back(HTML::count(TextPage::lineCount(text), "line"));
+    facts.push_back(formattedSize(size));
+
+    std::optional<std::string> note;
+    if (!isWhole) note = "Showing the first " + formattedSize(maxTextBytes) + " of this file.";
+    return TextPage::html(text, name, icon, facts, TextPage::wraps(name), note);
+}
+
+/// The router. Throws what the item's reader throws.
+Page page(const FileURL& url, PreviewAssets& assets) {
+    const auto values = resourceValues(url);
+    const auto type = values ? values->contentType : std::nullopt;
+    if (values && values->isDirectory && !values->isPackage)
+        throw std::runtime_error("Folders can't be previewed yet.");
+    if (isMarkdown(url, type)) throw std::runtime_error("Markdown documents can't be previewed yet.");
+    return {text(url, type, assets), textSize};
+}
+
+Page errorPage(const FileURL& url, std::string_view reason, PreviewAssets& assets) {
+    const std::string message = "Quillmar couldn't read this item. " + std::string(reason);
+    return {MessagePage::html(url.lastPathComponent(), message, assets.fileIcon(url, "public.data")),
+            errorSize};
+}
+
+Page pageOrError(const FileURL& url, PreviewAssets& assets) {
+    try {
+        return page(url, assets);
+    } catch (const std::bad_alloc&) {
+        return errorPage(url, "There is not enough memory to preview it.", assets);
+    } catch (const std::exception& error) {
+        return errorPage(url, error.what(), assets);
+    }
+}
+
+} // namespace
+
+PreviewDocument document(const FileURL& url, IconSource* icons) {
+    PreviewAssets assets(icons);
+    auto [html, size] = pageOrError(url, assets);
+    return {std::move(html), std::move(assets).takeAttachments(), size.width, size.height};
+}
+
+} // namespace quillmar::QuickPreview

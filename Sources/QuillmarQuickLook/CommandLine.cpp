@@ -1,0 +1,85 @@
+#include "QuillmarQuickLook/CommandLine.h"
+
+#include "Platform/ResourceValues.h"
+#include "Platform/Terminal.h"
+#include "QuillmarQuickLook/PreviewProvider.h"
+#include "QuillmarQuickLook/PreviewWriter.h"
+
+#include <CLI/CLI.hpp>
+#include <csignal>
+#include <cstdio>
+#include <new>
+
+namespace quillmar::CommandLine {
+namespace {
+
+struct Options {
+    std::string path;
+    std::string outputFolder; ///< empty: none
+    std::string htmlFile;     ///< empty: none; "-": standard output
+    bool usesIcons = true;
+    bool isVerbose = false;
+};
+
+void report(std::string_view message) {
+    const std::string line = "quillmar: " + printableLine(message) + '\n';
+    std::fwrite(line.data(), 1, line.size(), stderr);
+}
+
+void describe(CLI::App& app, Options& options) {
+    app.add_option("PATH", options.path, "The file or folder to preview")->required();
+    auto* output = app.add_option("--output", options.outputFolder,
+                                  "Write index.html, the attachments and preview.json into this folder");
+    auto* html =
+        app.add_option("--html", options.htmlFile, "Write one self-contained page (- is standard output)");
+    output->type_name("DIR")->excludes(html);
+    html->type_name("FILE")->excludes(output);
+    app.add_flag("!--no-icons", options.usesIcons, "Ask the desktop for no icons");
+    app.add_flag("--verbose", options.isVerbose, "Say on standard error what is done");
+    app.set_version_flag("--version", "Quillmar " QUILLMAR_VERSION);
+    app.footer("A path that begins with a dash goes behind --.");
+}
+
+ExitStatus writePreview(const Options& options) {
+    const FileURL url = FileURL::fromCommandLine(options.path);
+    if (options.path.empty() || !itemExists(url)) {
+        report("“" + options.path + "” does not exist");
+        return ExitStatus::failed;
+    }
+    PreviewReply reply = PreviewProvider(nullptr, options.isVerbose).providePreview({url});
+    if (!options.outputFolder.empty())
+        PreviewWriter::writeFolder(reply, options.outputFolder);
+    else
+        PreviewWriter::writePage(reply, options.htmlFile);
+    return ExitStatus::made;
+}
+
+} // namespace
+
+ExitStatus run(int argc, const char* const* argv) {
+    // A reader that closes the pipe early is an error of writing like any other.
+    std::signal(SIGPIPE, SIG_IGN);
+
+    Options options;
+    CLI::App app("Quillmar shows what a file or folder is, as one HTML page.", "quillmar");
+    describe(app, options);
+    try {
+        app.parse(argc, argv);
+        if (options.outputFolder.empty() && options.htmlFile.empty())
+            throw CLI::ValidationError("say where the page goes: --html FILE or --output DIR");
+        return writePreview(options);
+    } catch (const CLI::Success& help) {
+        app.exit(help);
+        return ExitStatus::made;
+    } catch (const CLI::ParseError& error) {
+        report(std::string(error.what()) + " (see quillmar --help)");
+        return ExitStatus::usage;
+    } catch (const PreviewWriter::WriteError& error) {
+        report(error.what());
+    } catch (const std::bad_alloc&) {
+        report("not enough memory");
+    }
+    return ExitStatus::failed;
+}
+
+} // namespace quillmar::CommandLine

@@ -1,0 +1,137 @@
+#include "QuillmarQuickLook/PreviewWriter.h"
+
+#include "QuillmarQuickLook/Base64.h"
+
+#include <cerrno>
+#include <cmath>
+#include <cstdio>
+#include <filesystem>
+#include <nlohmann/json.hpp>
+#include <system_error>
+
+namespace quillmar::PreviewWriter {
+namespace {
+
+[[noreturn]] void failWriting(const std::string& path, int code) {
+    const std::string place = path == "-" ? "standard output" : "“" + path + "”";
+    throw WriteError("cannot write to " + place + ": " + std::generic_category().message(code));
+}
+
+/// A file that is being written. Standard output for "-".
+class OutputFile {
+public:
+    explicit OutputFile(std::string path)
+        : path_(std::move(path)), file_(path_ == "-" ? stdout : std::fopen(path_.c_str(), "wbe")) {
+        if (file_ == nullptr) failWriting(path_, errno);
+    }
+    ~OutputFile() {
+        if (file_ != stdout) std::fclose(file_);
+    }
+    OutputFile(const OutputFile&) = delete;
+    OutputFile& operator=(const OutputFile&) = delete;
+
+    void write(DataView data) {
+        if (std::fwrite(data.data(), 1, data.size(), file_) != data.size()) failWriting(path_, errno);
+    }
+    /// Reports what writing did not: a disk may turn out to be full only now.
+    void finish() {
+        if (std::fflush(file_) != 0) failWriting(path_, errno);
+    }
+
+private:
+    std::string path_;
+    std::FILE* file_;
+};
+
+void writeFile(const std::string& path, DataView data) {
+    OutputFile file(path);
+    file.write(data);
+    file.finish();
+}
+
+/// Whole numbers without a fraction: sizes are whole points.
+nlohmann::ordered_json number(double value) {
+    if (value == std::floor(value)) return static_cast<std::int64_t>(value);
+    return value;
+}
+
+std::string description(const PreviewReply& reply) {
+    nlohmann::ordered_json json;
+    json["width"] = number(reply.contentSize.width);
+    json["height"] = number(reply.contentSize.height);
+    json["attachments"] = nlohmann::ordered_json::object();
+    for (const auto& [name, attachment] : reply.attachments)
+        json["attachments"][name] = attachment.contentType.identifier();
+    return json.dump() + '\n';
+}
+
+std::string dataURL(const PreviewReplyAttachment& attachment) {
+    const std::string_view mimeType = attachment.contentType.mimeType();
+    std::string url = "data:";
+    url += mimeType.empty() ? "application/octet-stream" : mimeType;
+    url += ";base64,";
+    return url + base64(*attachment.data);
+}
+
+/// No script, no style but ours, no frame, no form; pictures only.
+constexpr std::string_view contentSecurityPolicy =
+    "<meta http-equiv=\"Content-Security-Policy\" content=\"default-src 'none'; img-src data: cid: http: "
+    "https:; "
+    "style-src 'unsafe-inline'\">\n";
+
+/// Where the policy goes: behind the character set, before anything that it governs.
+constexpr std::string_view policyPlace = "<meta charset=\"utf-8\">\n";
+
+constexpr std::string_view referenceStart = "src=\"cid:";
+
+/// Hands the pieces of the page that stands alone to \p write, in their order; the large ones are never copied.
+void composePage(PreviewReply& reply, const std::function<void(DataView)>& write) {
+    std::string_view html = reply.data();
+    std::map<std::string_view, std::string> urls;
+    for (const auto& [name, attachment] : reply.attachments) urls.emplace(name, dataURL(attachment));
+
+    const std::size_t policyAt = html.find(policyPlace) + policyPlace.size();
+    write(html.substr(0, policyAt));
+    write(contentSecurityPolicy);
+    html.remove_prefix(policyAt);
+
+    // Quotation marks in text are escaped, so what looks like a reference is one.
+    for (std::size_t start = 0; (start = html.find(referenceStart, start)) != html.npos;) {
+        const std::size_t nameAt = start + referenceStart.size();
+        const auto url = urls.find(html.substr(nameAt, html.find('"', nameAt) - nameAt));
+        if (url == urls.end()) {
+            start = nameAt;
+            continue;
+        }
+        write(html.substr(0, nameAt - std::string_view("cid:").size()));
+        write(url->second);
+        html.remove_prefix(nameAt + url->first.size());
+        start = 0;
+    }
+    write(html);
+}
+
+} // namespace
+
+std::string selfContainedPage(PreviewReply& reply) {
+    std::string page;
+    composePage(reply, [&](DataView piece) { page.append(piece); });
+    return page;
+}
+
+void writeFolder(PreviewReply& reply, const std::string& folder) {
+    std::error_code error;
+    std::filesystem::create_directories(folder, error);
+    if (error) failWriting(folder, error.value());
+    writeFile(folder + "/index.html", reply.data());
+    for (const auto& [name, attachment] : reply.attachments) writeFile(folder + "/" + name, *attachment.data);
+    writeFile(folder + "/preview.json", description(reply));
+}
+
+void writePage(PreviewReply& reply, const std::string& path) {
+    OutputFile file(path);
+    composePage(reply, [&](DataView piece) { file.write(piece); });
+    file.finish();
+}
+
+} // namespace quillmar::PreviewWriter

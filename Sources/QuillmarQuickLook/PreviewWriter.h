@@ -1,0 +1,28 @@
+#pragma once
+
+#include "QuillmarQuickLook/PreviewReply.h"
+
+#include <stdexcept>
+#include <string>
+
+/// Puts a reply where other programs find it.
+namespace quillmar::PreviewWriter {
+
+/// Output that cannot be written. `what()` is one sentence with the place in it.
+class WriteError : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+/// Writes the document as it is (`index.html`), every attachment under its name, and `preview.json` with the
+/// size and the attachments' types into \p folder, which is made when it is not there. Throws WriteError.
+void writeFolder(PreviewReply& reply, const std::string& folder);
+
+/// Writes one page that stands alone to \p path; "-" is standard output. Throws WriteError.
+void writePage(PreviewReply& reply, const std::string& path);
+
+/// The page that stands alone: attachments as data URLs, and for a browser a policy that lets nothing run and
+/// nothing load but pictures.
+std::string selfContainedPage(PreviewReply& reply);
+
+} // namespace quillmar::PreviewWriter

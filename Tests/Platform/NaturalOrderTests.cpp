@@ -1,0 +1,149 @@
+#include "Platform/NaturalOrder.h"
+
+#include "Tests/Helpers/Environment.h"
+
+#include <algorithm>
+#include <chrono>
+#include <gtest/gtest.h>
+#include <memory>
+#include <numeric>
+#include <random>
+#include <unicode/coll.h>
+
+namespace quillmar {
+namespace {
+
+using Strings = std::vector<std::string>;
+using Order = std::vector<std::size_t>;
+
+Strings sortedIn(const std::string& locale, const Strings& names) {
+    const ScopedEnvironment environment{{"LC_ALL", locale}};
+    Strings sorted;
+    for (const std::size_t index : naturalOrder(names)) sorted.push_back(names[index]);
+    return sorted;
+}
+
+std::string repeated(const std::string& part, std::size_t times) {
+    std::string text;
+    for (std::size_t i = 0; i < times; ++i) text += part;
+    return text;
+}
+
+TEST(NaturalOrder, ofFewerThanTwoNamesIsThemselves) {
+    EXPECT_EQ(naturalOrder({}), Order{});
+    EXPECT_EQ(naturalOrder({"a"}), Order{0});
+}
+
+TEST(NaturalOrder, givesIndices) {
+    const ScopedEnvironment english{{"LC_ALL", "C"}};
+    EXPECT_EQ(naturalOrder({"c", "a", "b"}), (Order{1, 2, 0}));
+}
+
+TEST(NaturalOrder, comparesDigitsByTheirValue) {
+    EXPECT_EQ(sortedIn("C", {"File 10", "File 9", "File 1", "File 100", "File 2.10", "File 2.9"}),
+              (Strings{"File 1", "File 2.9", "File 2.10", "File 9", "File 10", "File 100"}));
+    EXPECT_EQ(sortedIn("C", {"10000000000000000000000", "9999999999999999999999"}),
+              (Strings{"9999999999999999999999", "10000000000000000000000"}));
+}
+
+TEST(NaturalOrder, putsUpperAndLowerCaseBesideEachOther) {
+    EXPECT_EQ(sortedIn("C", {"b", "B", "A", "a", "readme", "README", "makefile"}),
+              (Strings{"a", "A", "b", "B", "makefile", "readme", "README"}));
+}
+
+TEST(NaturalOrder, looksAtSpacesAndPunctuation) {
+    // Thai ignores them by default.
+    for (const char* locale : {"C", "th_TH"})
+        EXPECT_EQ(sortedIn(locale, {"ac", "a-c", "a b", "ab"}), (Strings{"a b", "a-c", "ab", "ac"})) << locale;
+}
+
+TEST(NaturalOrder, keepsTheOrderOfEqualNames) {
+    const ScopedEnvironment english{{"LC_ALL", "C"}};
+    EXPECT_EQ(naturalOrder({"b", "a01", "a1", "a001"}), (Order{1, 2, 3, 0}));
+    EXPECT_EQ(naturalOrder({"é", "e\u0301", "é"}), (Order{0, 1, 2}));
+    EXPECT_EQ(naturalOrder({"e\u0301\u0323", "e\u0323\u0301"}), (Order{0, 1}));
+    EXPECT_EQ(naturalOrder({std::string("a\0b", 3), "ab"}), (Order{0, 1}));
+
+    const Strings same(20'000, "file");
+    Order expected(same.size());
+    std::iota(expected.begin(), expected.end(), std::size_t{0});
+    EXPECT_EQ(naturalOrder(same), expected);
+}
+
+TEST(NaturalOrder, followsTheLocale) {
+    const Strings names{"z", "ä", "a"};
+    EXPECT_EQ(sortedIn("de_DE.UTF-8", names), (Strings{"a", "ä", "z"}));
+    EXPECT_EQ(sortedIn("sv_SE.UTF-8", names), (Strings{"a", "z", "ä"}));
+    EXPECT_EQ(sortedIn("C", names), (Strings{"a", "ä", "z"}));
+    EXPECT_EQ(sortedIn("cs_CZ", {"ch", "cz", "h", "i"}), (Strings{"cz", "h", "ch", "i"}));
+}
+
+TEST(NaturalOrder, asksTheVariableForOrder) {
+    const ScopedEnvironment environment{
+        {"LC_ALL", std::nullopt}, {"LC_COLLATE", "sv_SE"}, {"LC_TIME", "C"}, {"LANG", "C"}};
+    EXPECT_EQ(naturalOrder({"ä", "z"}), (Order{1, 0}));
+}
+
+TEST(NaturalOrder, takesTextThatIsNoUTF8) {
+    const ScopedEnvironment english{{"LC_ALL", "C"}};
+    const Strings names{"b\xFF", "a\xC3", "\xED\xA0\x80", ""};
+    Order order = naturalOrder(names);
+    EXPECT_EQ(order.front(), 3U);
+    std::sort(order.begin(), order.end());
+    EXPECT_EQ(order, (Order{0, 1, 2, 3}));
+}
+
+TEST(NaturalOrder, isThatOfICUsComparison) {
+    const Strings parts{"a",      "B", "b", "é",  "e\u0301", "ß",  "ss", "9", "10",           "007",
+                        " ",      "-", "_", ".",  "Ж",       "漢", "한", "א", "\u0323\u0301", "😀",
+                        "\u200D", "ก", "เ", "fi", "ﬁ",       "Ａ"};
+    std::mt19937 random(20'240'304);
+    Strings names;
+    while (names.size() < 3'000) {
+        std::string name;
+        for (auto length = 1 + random() % 8; length > 0; --length) name += parts[random() % parts.size()];
+        names.push_back(name);
+    }
+    for (const char* locale : {"en_US", "de_DE", "sv_SE", "ja_JP", "th_TH"}) {
+        UErrorCode status = U_ZERO_ERROR;
+        const std::unique_ptr<icu::Collator> collator(icu::Collator::createInstance(locale, status));
+        ASSERT_TRUE(U_SUCCESS(status));
+        collator->setStrength(icu::Collator::TERTIARY);
+        collator->setAttribute(UCOL_NUMERIC_COLLATION, UCOL_ON, status);
+        collator->setAttribute(UCOL_ALTERNATE_HANDLING, UCOL_NON_IGNORABLE, status);
+        collator->setAttribute(UCOL_CASE_LEVEL, UCOL_ON, status);
+        collator->setAttribute(UCOL_NORMALIZATION_MODE, UCOL_ON, status);
+        Strings expected = names;
+        std::stable_sort(expected.begin(), expected.end(), [&](const std::string& a, const std::string& b) {
+            return collator->compareUTF8(a, b, status) == UCOL_LESS;
+        });
+        ASSERT_TRUE(U_SUCCESS(status));
+        EXPECT_EQ(sortedIn(locale, names), expected) << locale;
+    }
+}
+
+TEST(NaturalOrder, comparesTheLongestNamesOfFileSystemsWhole) {
+    const std::string head = repeated("漢", 254); // 762 bytes
+    EXPECT_EQ(sortedIn("C", {head + "10", head + "9"}), (Strings{head + "9", head + "10"}));
+}
+
+TEST(NaturalOrder, keepsTheOrderOfNamesThatAreAlikeForVeryLong) {
+    const ScopedEnvironment english{{"LC_ALL", "C"}};
+    const std::string head(1'100, 'x');
+    EXPECT_EQ(naturalOrder({head + "b", head + "a", "a"}), (Order{2, 0, 1}));
+}
+
+TEST(NaturalOrder, takesLittleTimeForHostileNames) {
+    const ScopedEnvironment english{{"LC_ALL", "C"}};
+    const auto start = std::chrono::steady_clock::now();
+    // Marks whose canonical order is the opposite; one that ICU writes as eighteen letters; a million letters.
+    naturalOrder(Strings(5'000, "x" + repeated("\u0F71\u0F72", 170)));
+    naturalOrder(Strings(5'000, repeated("\u0301\u0323", 255)));
+    naturalOrder(Strings(2'000, repeated("\uFDFA", 340)));
+    naturalOrder(Strings(64, repeated("a", 1'000'000)));
+    naturalOrder(Strings(64, repeated("\u0F71\u0F72", 170'000)));
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5));
+}
+
+} // namespace
+} // namespace quillmar

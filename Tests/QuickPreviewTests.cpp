@@ -1,0 +1,165 @@
+#include "QuickPreview.h"
+
+#include "Tests/Helpers/CountingIcons.h"
+#include "Tests/Helpers/Environment.h"
+#include "Tests/Helpers/Pages.h"
+#include "Tests/Helpers/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+namespace quillmar {
+namespace {
+
+constexpr std::string_view dot = "<span class=\"dot\">·</span>";
+
+std::string joined(const std::vector<std::string>& facts) {
+    std::string text;
+    for (const auto& fact : facts) text.append(text.empty() ? "" : dot).append(fact);
+    return text;
+}
+
+class QuickPreviewTest : public testing::Test {
+protected:
+    PreviewDocument preview(const std::string& name, DataView content) const {
+        return QuickPreview::document(folder.write(name, content), nullptr);
+    }
+
+    TemporaryFolder folder;
+
+private:
+    ScopedEnvironment english_{{"LC_ALL", "C"}};
+};
+
+void expectSize(const PreviewDocument& document, double width, double height) {
+    EXPECT_EQ(document.width, width);
+    EXPECT_EQ(document.height, height);
+}
+
+TEST_F(QuickPreviewTest, showsASourceFileWithLanguageLinesAndSize) {
+    const auto document = preview("main.c", "int main() {}\n");
+    expectSize(document, 900, 700);
+    EXPECT_EQ(factsOf(document.html), joined({"C", "1 line", "14 bytes"}));
+    EXPECT_NE(
+        document.html.find("<div class=\"code-view mono\"><span class=\"line\">int main() {}</span></div>"),
+        std::string::npos);
+    EXPECT_TRUE(document.attachments.empty());
+}
+
+TEST_F(QuickPreviewTest, wrapsProse) {
+    EXPECT_NE(preview("a.txt", "x").html.find("code-view mono wrap"), std::string::npos);
+}
+
+TEST_F(QuickPreviewTest, labelsAFileByItsTypeWhenItsLanguageIsUnknown) {
+    EXPECT_EQ(factsOf(preview("a.awk", "x").html), joined({"Awk script", "1 line", "1 byte"}));
+    EXPECT_EQ(factsOf(preview("NOTICE", "x").html), joined({"Text", "1 line", "1 byte"}));
+}
+
+TEST_F(QuickPreviewTest, showsAnEmptyFileAsText) {
+    const auto document = preview("empty.txt", "");
+    EXPECT_EQ(factsOf(document.html), joined({"Plain text", "0 lines", "Zero KB"}));
+    EXPECT_EQ(occurrences(document.html, "class=\"line\""), 1U);
+}
+
+TEST_F(QuickPreviewTest, countsTheLinesOfAFileOfExactlyTheLimit) {
+    const auto document = preview("a.txt", std::string(524'288, 'x'));
+    EXPECT_EQ(factsOf(document.html), joined({"Plain text", "1 line", "524 KB"}));
+    EXPECT_EQ(document.html.find("<p class=\"notice\">"), std::string::npos);
+}
+
+TEST_F(QuickPreviewTest, saysThatALongerFileIsCut) {
+    const auto document = preview("a.txt", std::string(524'288, 'x') + "y");
+    EXPECT_EQ(factsOf(document.html), joined({"Plain text", "524 KB"}));
+    EXPECT_EQ(between(document.html, "<p class=\"notice\">", "</p>"), "Showing the first 524 KB of this file.");
+    EXPECT_EQ(document.html.find("xy"), std::string::npos);
+}
+
+TEST_F(QuickPreviewTest, repairsACharacterThatTheLimitCuts) {
+    const auto document = preview("a.txt", std::string(524'287, 'x') + "é");
+    EXPECT_NE(document.html.find("x\uFFFD</span>"), std::string::npos);
+}
+
+TEST_F(QuickPreviewTest, takesAZeroByteAtOffset8191ForBinary) {
+    const auto document = preview("a.txt", std::string(8'191, 'x') + '\0');
+    expectSize(document, 900, 700);
+    EXPECT_EQ(messageOf(document.html), "This is a binary file, 8 KB, with nothing readable to preview.");
+}
+
+TEST_F(QuickPreviewTest, takesAZeroByteAtOffset8192ForText) {
+    const auto document = preview("a.txt", std::string(8'192, 'x') + '\0');
+    EXPECT_EQ(messageOf(document.html), "");
+    EXPECT_NE(document.html.find(std::string("x\0</span>", 9)), std::string::npos);
+}
+
+TEST_F(QuickPreviewTest, dropsAByteOrderMarkAndRepairsInvalidText) {
+    const auto document = preview("a.c", "\uFEFFa\xFF");
+    EXPECT_NE(document.html.find("<span class=\"line\">a\uFFFD</span>"), std::string::npos);
+}
+
+TEST_F(QuickPreviewTest, escapesNamesOfEveryKind) {
+    const auto document = preview("<img src=x onerror=alert(1)>\"'&\n\U0001F331<\u0301.c", "x");
+    EXPECT_EQ(between(document.html, "<h1>", "</h1>"),
+              "&lt;img src=x onerror=alert(1)&gt;&quot;&#39;&amp;\n\U0001F331&lt;\u0301.c");
+    EXPECT_EQ(between(document.html, "<title>", "</title>"), between(document.html, "<h1>", "</h1>"));
+}
+
+TEST_F(QuickPreviewTest, repairsANameThatIsNotText) {
+    EXPECT_EQ(between(preview("a\xFF.c", "x").html, "<h1>", "</h1>"), "a\uFFFD.c");
+}
+
+TEST_F(QuickPreviewTest, attachesTheIconOfTheType) {
+    CountingIcons icons;
+    const auto document = QuickPreview::document(folder.write("a.py", "x"), &icons);
+    EXPECT_EQ(icons.askedTypes, std::vector<std::string>{"public.python-script"});
+    EXPECT_NE(document.html.find("<img class=\"icon\" src=\"cid:asset-0\" alt=\"\">"), std::string::npos);
+    EXPECT_EQ(*document.attachments.at("asset-0").data, "icon of public.python-script");
+}
+
+TEST_F(QuickPreviewTest, attachesThePlainTextIconToAFileWithoutType) {
+    CountingIcons icons;
+    QuickPreview::document(folder.write("NOTICE", "x"), &icons);
+    EXPECT_EQ(icons.askedTypes, std::vector<std::string>{"public.plain-text"});
+}
+
+TEST_F(QuickPreviewTest, saysThatAFileIsGone) {
+    CountingIcons icons;
+    icons.hasFileIcons = false;
+    const auto document = QuickPreview::document(folder.url("gone.txt"), &icons);
+    expectSize(document, 520, 380);
+    EXPECT_EQ(messageOf(document.html),
+              "Quillmar couldn&#39;t read this item. There is no file named “gone.txt”.");
+    EXPECT_EQ(icons.askedTypes, std::vector<std::string>{"public.data"});
+}
+
+TEST_F(QuickPreviewTest, describesANamedPipeWithoutOpeningIt) {
+    ASSERT_EQ(::mkfifo((folder.path() / "pipe").c_str(), 0600), 0);
+    const auto document = QuickPreview::document(folder.url("pipe"), nullptr);
+    expectSize(document, 520, 380);
+    EXPECT_EQ(messageOf(document.html),
+              "Quillmar couldn&#39;t read this item. “pipe” is a named pipe and has no content to preview.");
+}
+
+TEST_F(QuickPreviewTest, saysThatAPackageIsNotOneFile) {
+    const auto document = QuickPreview::document(folder.makeFolder("Notes.app"), nullptr);
+    expectSize(document, 520, 380);
+    EXPECT_EQ(messageOf(document.html), "Quillmar couldn&#39;t read this item. “Notes.app” is a package and "
+                                        "can&#39;t be shown as one file.");
+}
+
+TEST_F(QuickPreviewTest, showsALinkAsItsTargetUnderItsOwnName) {
+    folder.write("target.awk", "BEGIN {}\n");
+    std::filesystem::create_symlink("target.awk", folder.path() / "link");
+    const auto document = QuickPreview::document(folder.url("link"), nullptr);
+    EXPECT_EQ(between(document.html, "<h1>", "</h1>"), "link");
+    EXPECT_EQ(factsOf(document.html), joined({"Awk script", "1 line", "9 bytes"}));
+}
+
+TEST_F(QuickPreviewTest, trustsTheReportedSizeOfAFileThatReadsLonger) {
+    // The kernel reports no size for files that it makes up while they are read.
+    const auto document =
+        QuickPreview::document(FileURL::standardized("/proc/version", FileURL::root()), nullptr);
+    EXPECT_EQ(factsOf(document.html), joined({"Text", "1 line", "Zero KB"}));
+}
+
+} // namespace
+} // namespace quillmar

@@ -1,0 +1,89 @@
+#include "QuillmarQuickLook/PreviewWriter.h"
+
+#include "Tests/Helpers/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+
+namespace quillmar::PreviewWriter {
+namespace {
+
+constexpr const char* head = "<!DOCTYPE html>\n<html>\n<head>\n<meta charset=\"utf-8\">\n";
+constexpr const char* policy = "<meta http-equiv=\"Content-Security-Policy\" content=\"default-src 'none'; "
+                               "img-src data: cid: http: https:; "
+                               "style-src 'unsafe-inline'\">\n";
+
+/// A reply of \p html behind the usual head with two pictures: asset-0 a PNG, asset-1 of no known MIME type.
+PreviewReply replyOf(const std::string& html) {
+    return {UniformType::withIdentifier("public.html").value(),
+            {900, 612.5},
+            [html = head + html](PreviewReply& reply) -> DataView {
+                const auto add = [&](const char* name, const char* data, const char* type) {
+                    reply.attachments.insert_or_assign(
+                        name, PreviewReplyAttachment{std::make_shared<const Data>(data),
+                                                     UniformType::withIdentifier(type).value()});
+                };
+                add("asset-0", "foo", "public.png");
+                add("asset-1", "bar", "public.folder");
+                return html;
+            }};
+}
+
+std::string pageOf(const std::string& html) {
+    PreviewReply reply = replyOf(html);
+    return selfContainedPage(reply);
+}
+
+TEST(PreviewWriter, putsAPolicyBehindTheCharacterSet) {
+    EXPECT_EQ(pageOf("<p>x</p>"), std::string(head) + policy + "<p>x</p>");
+}
+
+TEST(PreviewWriter, replacesReferencesByDataURLs) {
+    EXPECT_EQ(pageOf("<img src=\"cid:asset-0\" alt=\"\"><img src=\"cid:asset-1\"><img src=\"cid:asset-0\">"),
+              std::string(head) + policy +
+                  "<img src=\"data:image/png;base64,Zm9v\" alt=\"\">"
+                  "<img src=\"data:application/octet-stream;base64,YmFy\">"
+                  "<img src=\"data:image/png;base64,Zm9v\">");
+}
+
+TEST(PreviewWriter, leavesWhatOnlyLooksLikeAReference) {
+    for (const std::string html :
+         {"cid:asset-0", "src=&quot;cid:asset-0&quot;", "<img src=\"cid:asset-10\">", "<img src=\"cid:\">"})
+        EXPECT_EQ(pageOf(html), head + std::string(policy) + html);
+}
+
+TEST(PreviewWriter, writesAFolderThatOtherProgramsRead) {
+    const TemporaryFolder folder;
+    PreviewReply reply = replyOf("<img src=\"cid:asset-0\">");
+    writeFolder(reply, (folder.path() / "new/place").string());
+    EXPECT_EQ(contentsOf(folder.path() / "new/place/index.html"),
+              head + std::string("<img src=\"cid:asset-0\">"));
+    EXPECT_EQ(contentsOf(folder.path() / "new/place/asset-0"), "foo");
+    EXPECT_EQ(contentsOf(folder.path() / "new/place/asset-1"), "bar");
+    EXPECT_EQ(contentsOf(folder.path() / "new/place/preview.json"),
+              "{\"width\":900,\"height\":612.5,"
+              "\"attachments\":{\"asset-0\":\"public.png\",\"asset-1\":\"public.folder\"}}\n");
+}
+
+TEST(PreviewWriter, saysWhereItCannotWrite) {
+    const TemporaryFolder folder;
+    folder.write("file", "");
+    PreviewReply reply = replyOf("");
+    const auto messageOf = [](const auto& write) -> std::string {
+        try {
+            write();
+        } catch (const WriteError& error) {
+            return error.what();
+        }
+        return "none";
+    };
+    const std::string file = (folder.path() / "file").string();
+    EXPECT_EQ(messageOf([&] { writeFolder(reply, file + "/sub"); }),
+              "cannot write to “" + file + "/sub”: Not a directory");
+    EXPECT_EQ(messageOf([&] { writePage(reply, file + "/page.html"); }),
+              "cannot write to “" + file + "/page.html”: Not a directory");
+    EXPECT_EQ(messageOf([&] { writePage(reply, "/dev/full"); }),
+              "cannot write to “/dev/full”: No space left on device");
+}
+
+} // namespace
+} // namespace quillmar::PreviewWriter
