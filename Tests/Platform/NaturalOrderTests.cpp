@@ -137,7 +137,7 @@ TEST(NaturalOrder, takesLittleTimeForHostileNames) {
     const ScopedEnvironment english{{"LC_ALL", "C"}};
     const auto start = std::chrono::steady_clock::now();
     // Marks whose canonical order is the opposite; one that ICU writes as eighteen letters; a million letters.
-    naturalOrder(Strings(5'000, "x" + repeated("\u0F71\u0F72", 170)));
+    naturalOrder(Strings(5'000, repeated("\u0F71\u0F72", 170)));
     naturalOrder(Strings(5'000, repeated("\u0301\u0323", 255)));
     naturalOrder(Strings(2'000, repeated("\uFDFA", 340)));
     naturalOrder(Strings(64, repeated("a", 1'000'000)));

@@ -60,8 +60,8 @@ std::string formattedSize(std::int64_t bytes) {
         number = std::to_string(magnitude);
         name = magnitude == 1 ? "byte" : "bytes";
     } else {
-        const auto unit = std::find_if(units.begin(), units.end(),
-                                       [&](const Unit& candidate) { return magnitude <= candidate.largest; });
+        const auto* unit = std::find_if(units.begin(), units.end(),
+                                        [&](const Unit& candidate) { return magnitude <= candidate.largest; });
         number = numberIn(*unit, magnitude);
         name = unit->name;
     }

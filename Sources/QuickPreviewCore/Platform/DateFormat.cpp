@@ -21,7 +21,7 @@ constexpr int yearZero = 1900; ///< of tm_year
 void updateZone() {
     thread_local std::optional<std::string> lastZone;
     const char* variable = std::getenv("TZ");
-    const std::string_view zone = variable ? variable : ":/etc/localtime"; // the C library's default
+    const std::string_view zone = variable != nullptr ? variable : ":/etc/localtime"; // the C library's default
     if (lastZone == zone) return;
     tzset();
     lastZone = zone;
@@ -32,7 +32,7 @@ std::optional<std::tm> localFields(Timestamp time) {
     updateZone();
     const std::time_t seconds = time;
     std::tm fields{};
-    if (!localtime_r(&seconds, &fields)) return {};
+    if (localtime_r(&seconds, &fields) == nullptr) return {};
     if (fields.tm_year < 1 - yearZero || fields.tm_year > 9999 - yearZero) return {};
     return fields;
 }
@@ -67,7 +67,7 @@ LocalizedFormat makeFormat(const std::string& localeName) {
     const icu::Locale locale((localeName + "@calendar=gregorian").c_str());
     const std::unique_ptr<icu::DateTimePatternGenerator> generator(
         icu::DateTimePatternGenerator::createInstance(locale, status));
-    if (U_FAILURE(status)) return {};
+    if (U_FAILURE(status) != 0) return {};
 
     // English and French join a date and a time by a word; the generator's own glue may be a comma.
     const std::string_view language = locale.getLanguage();
@@ -80,7 +80,7 @@ LocalizedFormat makeFormat(const std::string& localeName) {
     auto calendar = std::make_unique<icu::GregorianCalendar>(*icu::TimeZone::getGMT(), locale, status);
     constexpr UDate beforeYearOne = -1e14; // milliseconds since 1970
     calendar->setGregorianChange(beforeYearOne, status);
-    if (U_FAILURE(status)) return {};
+    if (U_FAILURE(status) != 0) return {};
     return {std::move(format), std::move(calendar)};
 }
 

@@ -20,7 +20,7 @@ const char* variableOf(LocaleCategory category) {
 std::string_view environmentValue(LocaleCategory category) {
     for (const char* variable : {"LC_ALL", variableOf(category), "LANG"}) {
         const char* value = std::getenv(variable);
-        if (value && *value) return value;
+        if (value != nullptr && *value != '\0') return value;
     }
     return {};
 }

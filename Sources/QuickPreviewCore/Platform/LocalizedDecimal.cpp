@@ -29,7 +29,7 @@ std::optional<std::string> localizedDecimal(std::string_view number) {
     UErrorCode status = U_ZERO_ERROR;
     const auto formatted = formatterFor(locale).formatDecimal(number, status);
     const icu::UnicodeString text = formatted.toTempString(status);
-    if (U_FAILURE(status)) return {};
+    if (U_FAILURE(status) != 0) return {};
     std::string result;
     return text.toUTF8String(result);
 }

@@ -28,24 +28,25 @@ constexpr std::int32_t maxKeyBytes = 4'096;
 std::unique_ptr<icu::Collator> makeCollator(const std::string& locale) {
     UErrorCode status = U_ZERO_ERROR;
     std::unique_ptr<icu::Collator> collator(icu::Collator::createInstance(icu::Locale(locale.c_str()), status));
-    if (U_FAILURE(status)) return nullptr;
+    if (U_FAILURE(status) != 0) return nullptr;
     collator->setAttribute(UCOL_NUMERIC_COLLATION, UCOL_ON, status);
     collator->setAttribute(UCOL_ALTERNATE_HANDLING, UCOL_NON_IGNORABLE, status);
     collator->setAttribute(UCOL_STRENGTH, UCOL_TERTIARY, status);
     collator->setAttribute(UCOL_CASE_LEVEL, UCOL_ON, status);
     collator->setAttribute(UCOL_NORMALIZATION_MODE, UCOL_ON, status);
-    return U_FAILURE(status) ? nullptr : std::move(collator);
+    if (U_FAILURE(status) != 0) return nullptr;
+    return collator;
 }
 
 /// The last one asked for stays open: an archive's tree has a list of names in every folder.
-const icu::Collator* collatorFor(const std::string& locale) {
+const std::unique_ptr<icu::Collator>& collatorFor(const std::string& locale) {
     thread_local std::string openLocale;
     thread_local std::unique_ptr<icu::Collator> collator;
     if (openLocale != locale) {
         collator = makeCollator(locale);
         openLocale = locale;
     }
-    return collator.get();
+    return collator;
 }
 
 bool isMark(UChar32 character) {
@@ -56,7 +57,7 @@ bool isMark(UChar32 character) {
 
 /// \p name as UTF-16, without the marks that are not looked at.
 icu::UnicodeString comparedText(std::string_view name) {
-    const icu::UnicodeString text = icu::UnicodeString::fromUTF8(name);
+    icu::UnicodeString text = icu::UnicodeString::fromUTF8(name);
     const bool isASCII = static_cast<std::size_t>(text.length()) == name.size();
     if (isASCII || text.length() <= maxMarks) return text;
 
@@ -90,8 +91,8 @@ std::vector<std::size_t> naturalOrder(const std::vector<std::string>& names) {
     std::iota(order.begin(), order.end(), std::size_t{0});
     if (names.size() < 2) return order;
 
-    const icu::Collator* collator = collatorFor(currentLocale(LocaleCategory::collation));
-    const std::vector<std::string> keys = collator ? sortKeys(*collator, names) : names;
+    const auto& collator = collatorFor(currentLocale(LocaleCategory::collation));
+    const std::vector<std::string> keys = collator != nullptr ? sortKeys(*collator, names) : names;
     std::stable_sort(order.begin(), order.end(),
                      [&](std::size_t a, std::size_t b) { return keys[a] < keys[b]; });
     return order;
