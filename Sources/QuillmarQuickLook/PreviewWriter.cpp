@@ -123,9 +123,12 @@ void writeFolder(PreviewReply& reply, const std::string& folder) {
     std::error_code error;
     std::filesystem::create_directories(folder, error);
     if (error) failWriting(folder, error.value());
-    writeFile(folder + "/index.html", reply.data());
-    for (const auto& [name, attachment] : reply.attachments) writeFile(folder + "/" + name, *attachment.data);
-    writeFile(folder + "/preview.json", description(reply));
+    const auto writeInside = [&](std::string_view name, DataView data) {
+        writeFile(std::string(folder).append("/").append(name), data);
+    };
+    writeInside("index.html", reply.data());
+    for (const auto& [name, attachment] : reply.attachments) writeInside(name, *attachment.data);
+    writeInside("preview.json", description(reply));
 }
 
 void writePage(PreviewReply& reply, const std::string& path) {

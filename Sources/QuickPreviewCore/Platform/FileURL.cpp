@@ -1,9 +1,10 @@
 #include "Platform/FileURL.h"
 
 #include "Platform/Text.h"
+#include "Platform/UTF8.h"
 
 #include <algorithm>
-#include <array>
+#include <cerrno>
 #include <unistd.h>
 
 namespace quillmar {
@@ -37,13 +38,18 @@ std::string workingFolder() {
     return folder;
 }
 
-/// U+061C, U+200E, U+200F, U+202A-202E and U+2066-2069 as UTF-8.
+bool isBidirectionalControl(char32_t c) {
+    return c == 0x061C || c == 0x200E || c == 0x200F || (c >= 0x202A && c <= 0x202E) ||
+           (c >= 0x2066 && c <= 0x2069);
+}
+
 bool holdsBidirectionalControl(std::string_view text) {
-    constexpr std::array<std::string_view, 12> controls{
-        "\u061C", "\u200E", "\u200F", "\u202A", "\u202B", "\u202C",
-        "\u202D", "\u202E", "\u2066", "\u2067", "\u2068", "\u2069",
-    };
-    return std::ranges::any_of(controls, [&](auto control) { return text.find(control) != text.npos; });
+    for (std::size_t i = 0; i < text.size();) {
+        const auto character = UTF8::codePointAt(text, i);
+        if (isBidirectionalControl(character.value)) return true;
+        i += character.length;
+    }
+    return false;
 }
 
 } // namespace

@@ -59,7 +59,7 @@ std::string canonicalForm(std::string text) {
     if (text.size() > maxCanonicalBytes || UTF8::isASCII(text)) return text;
     UErrorCode status = U_ZERO_ERROR;
     const icu::Normalizer2* nfc = icu::Normalizer2::getNFCInstance(status);
-    if (U_FAILURE(status) || nfc->isNormalizedUTF8(text, status)) return text;
+    if (U_FAILURE(status) || nfc->isNormalizedUTF8(text, status) != 0) return text;
     std::string normalized;
     icu::StringByteSink<std::string> sink(&normalized);
     nfc->normalizeUTF8(0, text, sink, nullptr, status);

@@ -14,7 +14,7 @@ namespace {
 /// Moves \p position behind one code point or one maximal subpart, whose value is negative.
 UChar32 next(std::string_view text, std::size_t& position) {
     UChar32 character = 0;
-    U8_NEXT(text.data(), position, text.size(), character);
+    U8_NEXT(text, position, text.size(), character);
     return character;
 }
 

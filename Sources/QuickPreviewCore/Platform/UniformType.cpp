@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <string>
 #include <vector>
 
 namespace quillmar {
@@ -30,9 +31,11 @@ std::vector<Index> lineage(Index type) {
 
 /// All types that claim \p extension.
 std::span<const UniformTypeTable::Extension> claims(std::string_view extension) {
-    const auto range = std::ranges::equal_range(UniformTypeTable::extensions, lowercased(extension), {},
-                                                &UniformTypeTable::Extension::name);
-    return {range.begin(), range.end()};
+    const auto byName = [](const auto& row) { return row.name; };
+    const std::string name = lowercased(extension);
+    const auto first = std::ranges::lower_bound(UniformTypeTable::extensions, name, {}, byName);
+    const auto last = std::ranges::upper_bound(UniformTypeTable::extensions, name, {}, byName);
+    return {first, last};
 }
 
 constexpr std::string_view applicationBundle = "com.apple.application-bundle";
