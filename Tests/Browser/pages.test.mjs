@@ -131,7 +131,10 @@ describe('hostile contents', () => {
     }
 
     test('that are no UTF-8 stay text', async (t) => {
-        const path = file('broken.txt', Buffer.from('\xC3<script>alert(1)</script>\n\xF0\x9F<b>\n\xED\xA0\x80', 'latin1'));
+        const path = file(
+            'broken.txt',
+            Buffer.from('\xC3<script>alert(1)</script>\n\xF0\x9F<b>\n\xED\xA0\x80', 'latin1'),
+        );
         const page = await preview(t, path, { scripts: true });
         assert.deepEqual(await textsOf(page, '.code-view .line'), [
             '\uFFFD<script>alert(1)</script>',
@@ -161,7 +164,9 @@ test('a page forbids by itself what no page should hold', async (t) => {
 <iframe src="https://example.com/"></iframe>
 <object data="https://example.com/"></object>
 <form action="https://example.com/"><button id="send">Send</button></form>`;
-    const page = await open(browser, file('page.html', honest.replace('</body>', `${intruders}</body>`)), { scripts: true });
+    const page = await open(browser, file('page.html', honest.replace('</body>', `${intruders}</body>`)), {
+        scripts: true,
+    });
     t.after(() => page.close());
     // Its own folder is no more open to a page than the network is.
     assert.deepEqual(page.happenings, []);
@@ -179,7 +184,10 @@ describe('the lines of a text', () => {
             const page = await preview(t, file('lines.c', text));
             assert.deepEqual(await textsOf(page, '.code-view .line'), expected);
             const numbers = (await textsBefore(page)).map((number) => number.text);
-            assert.deepEqual(numbers, expected.map((_, index) => String(index + 1)));
+            assert.deepEqual(
+                numbers,
+                expected.map((_, index) => String(index + 1)),
+            );
         });
     }
 
@@ -222,7 +230,11 @@ describe('a window of 900 by 700', () => {
         ['a long name', `${longestName}.txt`, 'A line.'],
         ['a message with a long name', `${longestName}.bin`, '\0'],
         ['a long word in Markdown', 'long.md', 'x'.repeat(20_000)],
-        ['a wide table in Markdown', 'wide.md', ['|a'.repeat(99), '|-'.repeat(99), `|${'x'.repeat(30)}`.repeat(99)].join('\n')],
+        [
+            'a wide table in Markdown',
+            'wide.md',
+            ['|a'.repeat(99), '|-'.repeat(99), `|${'x'.repeat(30)}`.repeat(99)].join('\n'),
+        ],
     ]) {
         test(`is not overflown by ${what}`, async (t) => {
             const page = await preview(t, file(name, content), { size });

@@ -78,7 +78,11 @@ const contexts = new Map();
  * Scripts are off unless asked for, as wherever a preview is shown; what the tests themselves evaluate runs all
  * the same. `page.happenings` collects what no preview may ever cause: requests, dialogs, scripts' words.
  */
-export async function open(browser, path, { scheme = 'light', size = { width: 1000, height: 800 }, scripts = false } = {}) {
+export async function open(
+    browser,
+    path,
+    { scheme = 'light', size = { width: 1000, height: 800 }, scripts = false } = {},
+) {
     // Contexts are shared, because a tab in a new one takes three times as long.
     const options = { colorScheme: scheme, javaScriptEnabled: scripts, viewport: size };
     const key = JSON.stringify(options);
@@ -116,9 +120,7 @@ export async function textsBefore(page) {
     const session = await page.context().newCDPSession(page);
     const { documents, strings } = await session.send('DOMSnapshot.captureSnapshot', { computedStyles: [] });
     const [{ nodes, layout }] = documents;
-    const pseudo = new Set(
-        nodes.pseudoType.index.filter((_, i) => strings[nodes.pseudoType.value[i]] === 'before'),
-    );
+    const pseudo = new Set(nodes.pseudoType.index.filter((_, i) => strings[nodes.pseudoType.value[i]] === 'before'));
     const isDrawnBefore = (node) => pseudo.has(node) || pseudo.has(nodes.parentIndex[node]);
     return layout.nodeIndex.flatMap((node, i) => {
         if (layout.text[i] < 0 || !isDrawnBefore(node)) return [];

@@ -204,7 +204,11 @@ class="row">${treeRow(2, false, 'mint')}</div></details><div class="row alt" id=
                 color: '--muted',
                 'font-size': '12px',
             },
-            '.legend-item': { display: 'flex', /* inline-flex, as an item of a flex box */ 'align-items': 'center', gap: '6px' },
+            '.legend-item': {
+                display: 'flex', // what inline-flex becomes as an item of another flex box
+                'align-items': 'center',
+                gap: '6px',
+            },
             '.legend-item i': { width: '8px', height: '8px', 'border-radius': '2px' },
             '.legend-item b': { 'font-weight': '700', color: '--fg', ...tabular },
             '.list': {
@@ -474,7 +478,9 @@ const boxes = (page, ...selectors) =>
     page.evaluate(
         (selectors) =>
             selectors.map((selector) => {
-                const { left, top, right, bottom, width, height } = document.querySelector(selector).getBoundingClientRect();
+                const { left, top, right, bottom, width, height } = document
+                    .querySelector(selector)
+                    .getBoundingClientRect();
                 return { left, top, right, bottom, width, height };
             }),
         selectors,
@@ -483,7 +489,7 @@ const boxes = (page, ...selectors) =>
 /** Waits for a hover or a transition to have its effect. */
 async function becomes(page, selector, name, expected) {
     let value;
-    for (const start = Date.now(); Date.now() - start < 2000; ) {
+    for (const start = Date.now(); Date.now() - start < 2000;) {
         value = (await computed(page, selector, [name]))[name];
         if (value === expected) return;
     }
@@ -560,7 +566,9 @@ test('every element counts its border and padding as part of its size', async (t
     for (const kind of Object.keys(samples)) {
         const page = await sample(t, kind);
         const others = await page.$$eval('body, body *', (elements) =>
-            elements.filter((element) => getComputedStyle(element).boxSizing !== 'border-box').map((element) => element.tagName),
+            elements
+                .filter((element) => getComputedStyle(element).boxSizing !== 'border-box')
+                .map((element) => element.tagName),
         );
         assert.deepEqual(others, []);
     }
@@ -617,7 +625,10 @@ test('a folder has no marker but its chevron, which turns when it opens', async 
     const hides = await page.evaluate(() =>
         [...document.styleSheets]
             .flatMap((sheet) => [...sheet.cssRules])
-            .some((rule) => rule.selectorText?.includes('summary::-webkit-details-marker') && rule.style.display === 'none'),
+            .some(
+                (rule) =>
+                    rule.selectorText?.includes('summary::-webkit-details-marker') && rule.style.display === 'none',
+            ),
     );
     assert.ok(hides, 'the older marker is hidden as well');
 
