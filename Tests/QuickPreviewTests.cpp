@@ -1,5 +1,6 @@
 #include "QuickPreview.h"
 
+#include "Tests/Helpers/Compress.h"
 #include "Tests/Helpers/CountingIcons.h"
 #include "Tests/Helpers/Environment.h"
 #include "Tests/Helpers/Pages.h"
@@ -10,6 +11,8 @@
 
 namespace quillmar {
 namespace {
+
+using namespace std::string_literals;
 
 constexpr std::string_view dot = "<span class=\"dot\">·</span>";
 
@@ -159,6 +162,64 @@ TEST_F(QuickPreviewTest, trustsTheReportedSizeOfAFileThatReadsLonger) {
     const auto document =
         QuickPreview::document(FileURL::standardized("/proc/version", FileURL::root()), nullptr);
     EXPECT_EQ(factsOf(document.html), joined({"Text", "1 line", "Zero KB"}));
+}
+
+TEST_F(QuickPreviewTest, showsWhatACompressedFileHolds) {
+    const Data compressed = gzip("beans\npeas\n");
+    const auto document = preview("notes.txt.gz", compressed);
+    expectSize(document, 900, 700);
+    EXPECT_EQ(between(document.html, "<h1>", "</h1>"), "notes.txt.gz");
+    EXPECT_EQ(factsOf(document.html),
+              joined({"Gzip-compressed file", std::to_string(compressed.size()) + " bytes",
+                      "11 bytes uncompressed"}));
+    EXPECT_EQ(between(document.html, "<p class=\"notice\">", "</p>"), "Contents of “notes.txt”.");
+    EXPECT_NE(document.html.find("code-view mono wrap\"><span class=\"line\">beans</span>"), std::string::npos);
+}
+
+TEST_F(QuickPreviewTest, showsTheFirstPartOfALongCompressedFile) {
+    const auto document = preview("main.c.xz", xz(std::string(300'000, 'x')));
+    EXPECT_EQ(between(document.html, "<p class=\"notice\">", "</p>"), "The first 262 KB of “main.c”.");
+    EXPECT_NE(document.html.find("code-view mono\">"), std::string::npos);
+    EXPECT_NE(document.html.find("XZ-compressed file" + std::string(dot)), std::string::npos);
+}
+
+TEST_F(QuickPreviewTest, doesNotBelieveARecordedSizeSmallerThanTheSample) {
+    Data compressed = gzip("twelve bytes");
+    compressed.replace(compressed.size() - 4, 4, std::string("\3\0\0\0", 4)); // ISIZE (RFC 1952, 2.3.1)
+    EXPECT_EQ(factsOf(preview("a.gz", compressed).html),
+              joined({"Gzip-compressed file", std::to_string(compressed.size()) + " bytes"}));
+}
+
+TEST_F(QuickPreviewTest, saysWhatABinaryCompressedFileHolds) {
+    CountingIcons icons;
+    const auto url = folder.write("disk.img.gz", gzip(std::string(2'000, '\0')));
+    const auto document = QuickPreview::document(url, &icons);
+    expectSize(document, 900, 700);
+    EXPECT_EQ(messageOf(document.html), "Contains “disk.img”, 2 KB. Double-click to decompress it.");
+    EXPECT_EQ(icons.askedFiles, std::vector<std::string>{url.path()});
+    EXPECT_EQ(messageOf(preview("disk.img.xz", xz(std::string(2'000, '\0'))).html),
+              "Contains “disk.img”. Double-click to decompress it.");
+}
+
+TEST_F(QuickPreviewTest, saysWhyADamagedArchiveCannotBeRead) {
+    CountingIcons icons;
+    icons.hasFileIcons = false;
+    const auto document = QuickPreview::document(folder.write("a.gz", "\x1F\x8B\x08\0\0\0\0\0\0\0\7"s), &icons);
+    expectSize(document, 520, 380);
+    EXPECT_EQ(messageOf(document.html), "This archive can&#39;t be read. The compressed data is damaged.");
+    EXPECT_EQ(icons.askedTypes, std::vector<std::string>{"public.archive"});
+    EXPECT_EQ(messageOf(preview("a.zip", "PK\3\4").html),
+              "This archive can&#39;t be read. The end of the archive is missing.");
+}
+
+TEST_F(QuickPreviewTest, listsAnArchiveWhateverItsName) {
+    const auto document = preview("notes.txt", "PK\5\6" + std::string(18, '\0'));
+    expectSize(document, 780, 620);
+    EXPECT_EQ(between(document.html, "<p class=\"notice\">", "</p>"), "This archive is empty.");
+}
+
+TEST_F(QuickPreviewTest, takesAnEmptyFileNamedLikeAnArchiveForText) {
+    EXPECT_EQ(factsOf(preview("a.zip", "").html), joined({"Zip archive", "0 lines", "Zero KB"}));
 }
 
 } // namespace

@@ -1,5 +1,8 @@
 #include "QuickPreview.h"
 
+#include "Archives/ArchiveError.h"
+#include "Archives/ArchiveReader.h"
+#include "Pages/ArchivePage.h"
 #include "Pages/MessagePage.h"
 #include "Pages/TextPage.h"
 #include "Platform/ByteCountFormat.h"
@@ -22,6 +25,7 @@ struct PageSize {
 };
 
 // Points. The size follows the route: a binary file found by the text route keeps that route's size.
+constexpr PageSize listingSize{780, 620};
 constexpr PageSize textSize{900, 700};
 constexpr PageSize errorSize{520, 380};
 
@@ -32,6 +36,9 @@ struct Page {
 
 /// Bytes of a text file that are shown. One more is read, to know whether there are more.
 constexpr std::size_t maxTextBytes = 524'288;
+
+/// Seconds in which an archive is listed; what was read until then is shown.
+constexpr double archiveBudget = 2.0;
 
 /// Bytes that are searched for a zero, which no text holds.
 constexpr std::size_t binaryTestBytes = 8'192;
@@ -78,6 +85,39 @@ std::string text(const FileURL& url, const std::optional<UniformType>& type, Pre
     return TextPage::html(text, name, icon, facts, TextPage::wraps(name), note);
 }
 
+/// A single compressed file: a sample of what is in it.
+std::string compressedFile(CompressedFile file, const FileURL& url, std::int64_t archiveSize,
+                           PreviewAssets& assets) {
+    const std::string name = url.lastPathComponent();
+    const auto sampleSize = static_cast<std::int64_t>(file.sample.size());
+    const auto icon = assets.fileIcon(url, "public.archive");
+    if (isBinary(file.sample)) {
+        std::string message = "Contains “" + file.originalName + "”";
+        if (file.originalSize) message += ", " + formattedSize(*file.originalSize);
+        return MessagePage::html(name, message + ". Double-click to decompress it.", icon);
+    }
+
+    std::vector<std::string> facts{std::string(displayName(file.format)), formattedSize(archiveSize)};
+    // The recorded size is modulo 2^32: one smaller than what came out is not believed.
+    if (file.originalSize && *file.originalSize >= sampleSize)
+        facts.push_back(formattedSize(*file.originalSize) + " uncompressed");
+    const std::string note =
+        file.sampleIsComplete ? "Contents of “" + file.originalName + "”."
+                              : "The first " + formattedSize(sampleSize) + " of “" + file.originalName + "”.";
+    return TextPage::html(decodedText(std::move(file.sample)), name, icon, facts,
+                          TextPage::wraps(file.originalName), note);
+}
+
+/// None when the item is no archive. Throws what the reader throws otherwise.
+std::optional<ArchiveContent> archiveContent(const FileURL& url) {
+    try {
+        return ArchiveReader::read(url, archiveBudget);
+    } catch (const ArchiveError& error) {
+        if (error.isDamaged()) throw;
+        return std::nullopt;
+    }
+}
+
 /// The router. Throws what the item's reader throws.
 Page page(const FileURL& url, PreviewAssets& assets) {
     const auto values = resourceValues(url);
@@ -85,22 +125,31 @@ Page page(const FileURL& url, PreviewAssets& assets) {
     if (values && values->isDirectory && !values->isPackage)
         throw std::runtime_error("Folders can't be previewed yet.");
     if (isMarkdown(url, type)) throw std::runtime_error("Markdown documents can't be previewed yet.");
-    return {text(url, type, assets), textSize};
+    const std::int64_t archiveSize = values ? values->fileSize.value_or(0) : 0;
+    auto content = archiveContent(url);
+    if (!content) return {text(url, type, assets), textSize};
+    if (const auto* listing = std::get_if<ArchiveListing>(&*content))
+        return {ArchivePage::html(*listing, url, archiveSize, assets), listingSize};
+    return {compressedFile(std::get<CompressedFile>(std::move(*content)), url, archiveSize, assets), textSize};
 }
 
-Page errorPage(const FileURL& url, std::string_view reason, PreviewAssets& assets) {
-    const std::string message = "Quillmar couldn't read this item. " + std::string(reason);
-    return {MessagePage::html(url.lastPathComponent(), message, assets.fileIcon(url, "public.data")),
-            errorSize};
+Page errorPage(const FileURL& url, const std::string& message, std::string_view fallbackType,
+               PreviewAssets& assets) {
+    return {MessagePage::html(url.lastPathComponent(), message, assets.fileIcon(url, fallbackType)), errorSize};
 }
 
 Page pageOrError(const FileURL& url, PreviewAssets& assets) {
+    constexpr const char* unreadable = "Quillmar couldn't read this item. ";
     try {
         return page(url, assets);
+    } catch (const ArchiveError& error) {
+        return errorPage(url, std::string("This archive can't be read. ") + error.what(), "public.archive",
+                         assets);
     } catch (const std::bad_alloc&) {
-        return errorPage(url, "There is not enough memory to preview it.", assets);
+        return errorPage(url, std::string(unreadable) + "There is not enough memory to preview it.",
+                         "public.data", assets);
     } catch (const std::exception& error) {
-        return errorPage(url, error.what(), assets);
+        return errorPage(url, std::string(unreadable) + error.what(), "public.data", assets);
     }
 }
 

@@ -2,16 +2,26 @@
 
 #include <gtest/gtest.h>
 #include <limits>
+#include <string_view>
 
 namespace quillmar {
 namespace {
+
+using namespace std::string_view_literals;
 
 constexpr auto largest = std::numeric_limits<std::int64_t>::max();
 constexpr auto smallest = std::numeric_limits<std::int64_t>::min();
 
 TEST(ByteReader, readsLittleEndianNumbers) {
-    EXPECT_EQ(ByteReader("\x34\x12\xFF").u16(0), 0x1234U);
-    EXPECT_EQ(ByteReader("\x34\x12\xFF").u16(1), 0xFF12U);
+    const ByteReader reader("\x34\x12\xFF\xEE\xDD\xCC\xBB\xAA\x99");
+    EXPECT_EQ(reader.u16(0), 0x1234U);
+    EXPECT_EQ(reader.u16(1), 0xFF12U);
+    EXPECT_EQ(reader.u32(0), 0xEEFF1234U);
+    EXPECT_EQ(reader.u32(5), 0x99AABBCCU);
+    EXPECT_EQ(reader.u64(0), 0xAABBCCDDEEFF1234U);
+    EXPECT_EQ(reader.u64(1), 0x99AABBCCDDEEFF12U);
+    EXPECT_EQ(ByteReader("\xFF\xFF\xFF\xFF\xFF\xFF\xFF\xFF").u64(0), 0xFFFFFFFFFFFFFFFFU);
+    EXPECT_EQ(ByteReader("\0\0\0\x80"sv).u32(0), 0x80000000U);
 }
 
 TEST(ByteReader, readsZeroOutsideTheBytes) {
@@ -24,6 +34,24 @@ TEST(ByteReader, readsZeroOutsideTheBytes) {
     EXPECT_EQ(reader.u16(smallest), 0U);
     EXPECT_EQ(ByteReader("").u16(-1), 0U);
     EXPECT_EQ(ByteReader("").u16(0), 0U);
+}
+
+TEST(ByteReader, readsLongNumbersThatLieOutsideInPart) {
+    const ByteReader reader("\x11\x22\x33");
+    EXPECT_EQ(reader.u32(0), 0x00332211U);
+    EXPECT_EQ(reader.u32(2), 0x33U);
+    EXPECT_EQ(reader.u32(-1), 0x33221100U);
+    EXPECT_EQ(reader.u32(-3), 0x11000000U);
+    EXPECT_EQ(reader.u32(-4), 0U);
+    EXPECT_EQ(reader.u64(0), 0x332211U);
+    EXPECT_EQ(reader.u64(-2), 0x3322110000U);
+    EXPECT_EQ(reader.u64(-7), 0x1100000000000000U);
+    EXPECT_EQ(reader.u64(-8), 0U);
+    for (const std::int64_t offset : {smallest, smallest + 7, std::int64_t{3}, largest - 7, largest}) {
+        EXPECT_EQ(reader.u32(offset), 0U) << offset;
+        EXPECT_EQ(reader.u64(offset), 0U) << offset;
+    }
+    EXPECT_EQ(ByteReader("").u64(-3), 0U);
 }
 
 TEST(ByteReader, cutsASliceAtTheEnd) {

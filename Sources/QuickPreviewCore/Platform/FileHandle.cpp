@@ -51,14 +51,57 @@ Data FileHandle::read(std::size_t count) {
         // One byte more than expected, so that the end shows in the same call.
         const std::size_t piece = std::min(count - filled, std::max(readPiece, expected_ + 1));
         data.resize(filled + piece);
-        const ssize_t got = ::read(descriptor_, data.data() + filled, piece);
-        const std::size_t taken = got > 0 ? static_cast<std::size_t>(got) : 0;
+        const std::size_t taken = readOnce(std::span(data).subspan(filled));
         data.resize(filled + taken);
         expected_ -= std::min(expected_, taken);
-        if (got < 0 && errno != EINTR) throw FileError::system(url_, errno);
-        if (got == 0) break;
+        if (taken == 0) break;
     }
     return data;
+}
+
+std::size_t FileHandle::read(std::span<char> room) {
+    std::size_t filled = 0;
+    while (filled < room.size()) {
+        const std::size_t taken = readOnce(room.subspan(filled));
+        if (taken == 0) break;
+        filled += taken;
+    }
+    return filled;
+}
+
+std::size_t FileHandle::read(std::span<char> room, std::int64_t offset) const {
+    std::size_t filled = 0;
+    while (filled < room.size()) {
+        const std::span<char> rest = room.subspan(filled);
+        const ssize_t taken =
+            ::pread(descriptor_, rest.data(), rest.size(), offset + static_cast<std::int64_t>(filled));
+        if (taken < 0 && errno == EINTR) continue;
+        if (taken < 0) throw FileError::system(url_, errno);
+        if (taken == 0) break;
+        filled += static_cast<std::size_t>(taken);
+    }
+    return filled;
+}
+
+std::size_t FileHandle::readOnce(std::span<char> room) {
+    ssize_t taken = -1;
+    do {
+        taken = ::read(descriptor_, room.data(), room.size());
+    } while (taken < 0 && errno == EINTR);
+    if (taken < 0) throw FileError::system(url_, errno);
+    return static_cast<std::size_t>(taken);
+}
+
+std::int64_t FileHandle::size() const {
+    struct stat status {};
+    if (::fstat(descriptor_, &status) != 0) throw FileError::system(url_, errno);
+    return status.st_size;
+}
+
+std::int64_t FileHandle::offset() const { return ::lseek(descriptor_, 0, SEEK_CUR); }
+
+void FileHandle::seek(std::int64_t offset) {
+    if (::lseek(descriptor_, offset, SEEK_SET) < 0) throw FileError::system(url_, errno);
 }
 
 Data readPrefix(const FileURL& url, std::size_t count) { return FileHandle(url).read(count); }

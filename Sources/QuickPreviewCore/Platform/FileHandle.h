@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 
 namespace quillmar {
 
@@ -21,8 +22,21 @@ public:
     /// The next bytes, at most \p count; fewer only at the end of the file. Memory is taken for what is there,
     /// not for what is asked. Throws FileError.
     Data read(std::size_t count);
+    /// The same into \p room; the number of bytes that were there.
+    std::size_t read(std::span<char> room);
+    /// The same from \p offset on, without moving the handle.
+    std::size_t read(std::span<char> room, std::int64_t offset) const;
+
+    /// Bytes in the file now. Throws FileError.
+    std::int64_t size() const;
+    std::int64_t offset() const;
+    /// \p offset is not negative; it may lie behind the end. Throws FileError.
+    void seek(std::int64_t offset);
 
 private:
+    /// What one call of the system gives; 0 at the end.
+    std::size_t readOnce(std::span<char> room);
+
     FileURL url_;
     int descriptor_;
     std::size_t expected_; ///< bytes that are left by the system's word; only a hint for how much to ask

@@ -1,13 +1,15 @@
 #include "Platform/NaturalOrder.h"
 
+#include "Platform/ASCIISortKey.h"
 #include "Platform/Locale.h"
+#include "Platform/UTF8.h"
 
 #include <algorithm>
 #include <array>
 #include <cstdint>
 #include <memory>
 #include <numeric>
-#include <string_view>
+#include <string>
 #include <unicode/coll.h>
 #include <unicode/uchar.h>
 
@@ -71,28 +73,39 @@ icu::UnicodeString comparedText(std::string_view name) {
     return kept;
 }
 
-/// Keys whose bytes compare as the names do.
-std::vector<std::string> sortKeys(const icu::Collator& collator, const std::vector<std::string>& names) {
+/// A key whose bytes compare as \p name does.
+std::string sortKey(const icu::Collator& collator, std::string_view name) {
+    std::array<std::uint8_t, maxKeyBytes> buffer; // filled as far as it goes when the key is longer
+    const int length = collator.getSortKey(comparedText(name), buffer.data(), maxKeyBytes);
+    return {buffer.begin(), buffer.begin() + std::min(length, maxKeyBytes)};
+}
+
+/// Keys of \p names whose bytes compare as the names do in the user's locale.
+std::vector<std::string> sortKeys(const std::vector<std::string_view>& names) {
+    const std::string locale = currentLocale(LocaleCategory::collation);
+    const bool needsCollator = locale != usEnglish || !std::ranges::all_of(names, UTF8::isASCII);
+    const icu::Collator* collator = needsCollator ? collatorFor(locale).get() : nullptr;
+
     std::vector<std::string> keys;
     keys.reserve(names.size());
-    std::array<std::uint8_t, maxKeyBytes> buffer; // filled as far as it goes when the key is longer
-    for (const std::string& name : names) {
-        const auto text = comparedText(std::string_view(name).substr(0, maxComparedBytes));
-        const int length = collator.getSortKey(text, buffer.data(), maxKeyBytes);
-        keys.emplace_back(buffer.begin(), buffer.begin() + std::min(length, maxKeyBytes));
+    for (std::string_view name : names) {
+        name = name.substr(0, maxComparedBytes);
+        if (collator != nullptr)
+            keys.push_back(sortKey(*collator, name));
+        else
+            keys.push_back(needsCollator ? std::string(name) : asciiSortKey(name));
     }
     return keys;
 }
 
 } // namespace
 
-std::vector<std::size_t> naturalOrder(const std::vector<std::string>& names) {
+std::vector<std::size_t> naturalOrder(const std::vector<std::string_view>& names) {
     std::vector<std::size_t> order(names.size());
     std::iota(order.begin(), order.end(), std::size_t{0});
     if (names.size() < 2) return order;
 
-    const auto& collator = collatorFor(currentLocale(LocaleCategory::collation));
-    const std::vector<std::string> keys = collator != nullptr ? sortKeys(*collator, names) : names;
+    const std::vector<std::string> keys = sortKeys(names);
     std::stable_sort(order.begin(), order.end(),
                      [&](std::size_t a, std::size_t b) { return keys[a] < keys[b]; });
     return order;

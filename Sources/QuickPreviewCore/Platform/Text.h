@@ -15,6 +15,12 @@ std::string decodedText(Data data);
 /// The same for names inside archives and file systems, which keep a byte order mark.
 std::string repairedText(Data data);
 
+/// The text of \p data in code page 437, whose lower half is ASCII: names in zip archives of old.
+std::string textFromCodePage437(DataView data);
+
+/// The text of \p data in ISO Latin-1: names in gzip headers (RFC 1952, 2.3.1).
+std::string textFromLatin1(DataView data);
+
 /// Unicode's full lower-case mapping, in no particular language.
 std::string lowercased(std::string_view text);
 

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+namespace quillmar {
+
+/// A hash that no stranger can compute: names that are chosen to collide would make every look-up a search.
+/// Each object has its own random seed.
+class SeededHash {
+public:
+    SeededHash();
+
+    /// The hash of \p text in the context \p number.
+    std::size_t operator()(std::string_view text, std::uint64_t number) const;
+
+private:
+    std::uint64_t seed_;
+    std::uint64_t factor_;
+};
+
+} // namespace quillmar
