@@ -12,4 +12,9 @@ std::string sourceCode(std::size_t bytes);
 /// Writes \p content to a file in the system's temporary folder and returns its path.
 std::string file(const std::string& name, const std::string& content);
 
+/// The path of an archive, made by the first call that asks for it: "tree.zip", "tree.tar", "tree.tar.gz",
+/// "tree-blocks.tar.xz" and "tree-one-block.tar.xz" hold 20,000 files of 300 MB in all, "large.tar.gz" ten of
+/// 100 MB.
+std::string archive(const std::string& name);
+
 } // namespace quillmar::Samples
