@@ -93,8 +93,9 @@ constexpr std::array recipes{
     Recipe{"tree.tar", makeTree, "tree", "tar -cf tree.tar tree"},
     Recipe{"tree.tar.gz", makeTree, "tree", "tar -czf tree.tar.gz tree"},
     Recipe{"tree-blocks.tar.xz", makeTree, "tree",
-           "tar -cf - tree | xz -1 -T2 --block-size=24MiB > tree-blocks.tar.xz"},
-    Recipe{"tree-one-block.tar.xz", makeTree, "tree", "tar -cf - tree | xz -1 -T1 > tree-one-block.tar.xz"},
+           "tar -cf - tree/bed-? tree/bed-1? | xz -1 -T2 --block-size=2MiB > tree-blocks.tar.xz"},
+    Recipe{"tree-one-block.tar.xz", makeTree, "tree",
+           "tar -cf - tree/bed-? tree/bed-1? | xz -1 -T1 > tree-one-block.tar.xz"},
     Recipe{"large.tar.gz", makeLargeFiles, "large", "tar -czf large.tar.gz large"},
 };
 

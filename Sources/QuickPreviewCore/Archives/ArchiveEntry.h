@@ -13,7 +13,7 @@ namespace quillmar {
 struct ArchiveEntry {
     std::string path; ///< normalised: components separated by "/", none of them empty or "."
     bool isDirectory = false;
-    std::int64_t size = 0;                      ///< bytes; 0 for directories and symbolic links
+    std::int64_t size = 0; ///< bytes, as recorded; may be negative in a hostile tar archive
     std::optional<std::int64_t> compressedSize; ///< bytes; known for the files of a zip archive only
     std::optional<Timestamp> modified;
     bool isEncrypted = false;

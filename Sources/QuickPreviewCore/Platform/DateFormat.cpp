@@ -1,9 +1,9 @@
 #include "Platform/DateFormat.h"
 
+#include "Platform/LocalZone.h"
 #include "Platform/Locale.h"
 
 #include <array>
-#include <cstdlib>
 #include <ctime>
 #include <memory>
 #include <string_view>
@@ -16,20 +16,9 @@ namespace {
 
 constexpr int yearZero = 1900; ///< of tm_year
 
-/// Lets the C library look at TZ, if it has changed: without TZ, tzset asks for the system's zone file each
-/// time, which takes longer than to write the date.
-void updateZone() {
-    thread_local std::optional<std::string> lastZone;
-    const char* variable = std::getenv("TZ");
-    const std::string_view zone = variable != nullptr ? variable : ":/etc/localtime"; // the C library's default
-    if (lastZone == zone) return;
-    tzset();
-    lastZone = zone;
-}
-
 /// The local day and minute; none outside the years 1 to 9999.
 std::optional<std::tm> localFields(Timestamp time) {
-    updateZone();
+    updateLocalZone();
     const std::time_t seconds = time;
     std::tm fields{};
     if (localtime_r(&seconds, &fields) == nullptr) return {};
