@@ -115,6 +115,12 @@ TEST(DecompressionFilter, survivesDamageAnywhere) {
         }
 }
 
+TEST(DecompressionFilter, takesSeveralThreadsForBlocksThatStateTheirSizes) {
+    EXPECT_EQ(DecompressionFilter::forWholeXz(xz(text(5'000), 2'000)), Algorithm::xzBlocks);
+    EXPECT_EQ(DecompressionFilter::forWholeXz(xz(text(5'000))), Algorithm::xz);
+    EXPECT_EQ(DecompressionFilter::forWholeXz(xz("x").substr(0, 13)), Algorithm::xz);
+}
+
 TEST(DecompressionFilter, refusesADictionaryOfGigabytes) {
     // The first block's header: LZMA2 with the largest dictionary that liblzma knows (xz file format, 5.3.1).
     Data damaged = xz("x");

@@ -33,8 +33,9 @@ constexpr DataView xzMagic{"\xFD"
 
 /// A stream that is to be told apart: a tar archive inside, or a single file.
 struct CompressedStream {
-    Algorithm algorithm;
-    std::int64_t offset = 0; ///< of the compressed data in the file
+    Algorithm algorithm;        ///< whose first bytes come soonest
+    Algorithm listingAlgorithm; ///< for the whole of a tar archive
+    std::int64_t offset = 0;    ///< of the compressed data in the file
     ArchiveFormat archiveFormat;
     ArchiveFormat fileFormat;
     std::string originalName;
@@ -91,10 +92,9 @@ ArchiveContent contentOf(FileHandle& file, CompressedStream compressed, const De
     auto stream = std::make_unique<DecompressingStream>(file, compressed.algorithm, deadline);
     Data first = firstBlock(*stream);
     if (!TarHeader::isHeader(first)) return compressedFile(std::move(compressed), *stream, std::move(first));
-    if (compressed.algorithm == Algorithm::xz) {
-        // Now that the whole stream will be wanted, several threads are worth their start.
+    if (compressed.listingAlgorithm != compressed.algorithm) {
         file.seek(compressed.offset);
-        stream = std::make_unique<DecompressingStream>(file, Algorithm::xzBlocks, deadline);
+        stream = std::make_unique<DecompressingStream>(file, compressed.listingAlgorithm, deadline);
         first = firstBlock(*stream);
     }
     return TarReader::listing(*stream, first, compressed.archiveFormat, deadline, ArchiveLimits::maxEntries);
@@ -114,6 +114,7 @@ ArchiveContent read(const FileURL& url, double budget, const Clock& clock) {
         auto name = std::move(header->originalName);
         return contentOf(file,
                          {.algorithm = Algorithm::deflate,
+                          .listingAlgorithm = Algorithm::deflate,
                           .offset = static_cast<std::int64_t>(header->headerLength),
                           .archiveFormat = ArchiveFormat::tarGzip,
                           .fileFormat = ArchiveFormat::gzip,
@@ -124,6 +125,7 @@ ArchiveContent read(const FileURL& url, double budget, const Clock& clock) {
     if (start.starts_with(xzMagic))
         return contentOf(file,
                          {.algorithm = Algorithm::xz,
+                          .listingAlgorithm = DecompressionFilter::forWholeXz(head),
                           .offset = 0,
                           .archiveFormat = ArchiveFormat::tarXz,
                           .fileFormat = ArchiveFormat::xz,

@@ -5,6 +5,10 @@
 
 namespace quillmar {
 
+DecompressionFilter::Algorithm DecompressionFilter::forWholeXz(DataView head) {
+    return XzFilter::statesBlockSizes(head) ? Algorithm::xzBlocks : Algorithm::xz;
+}
+
 std::unique_ptr<DecompressionFilter> DecompressionFilter::make(FileHandle& file, Algorithm algorithm) {
     switch (algorithm) {
     case Algorithm::deflate: return std::make_unique<InflateFilter>(file);

@@ -26,6 +26,9 @@ public:
         xzBlocks ///< by liblzma, in several threads where the file is made of blocks that state their sizes
     };
 
+    /// The fastest way to decompress the whole of an xz file that begins with \p head.
+    static Algorithm forWholeXz(DataView head);
+
     struct Piece {
         std::size_t count = 0; ///< bytes written; may be 0 before the end, when input was only consumed
         bool isLast = false;   ///< the stream has ended

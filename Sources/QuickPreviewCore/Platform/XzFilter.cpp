@@ -40,6 +40,12 @@ XzFilter::XzFilter(FileHandle& file, Threads threads) : input_(file) {
     if (status_ != LZMA_OK) throw std::bad_alloc(); // the only way to fail: the arguments are ours
 }
 
+bool XzFilter::statesBlockSizes(DataView head) {
+    constexpr std::size_t blockFlags = LZMA_STREAM_HEADER_SIZE + 1; // behind the header's size
+    constexpr unsigned bothSizes = 0xC0;
+    return head.size() > blockFlags && (static_cast<unsigned char>(head[blockFlags]) & bothSizes) == bothSizes;
+}
+
 XzFilter::~XzFilter() { lzma_end(&stream_); }
 
 DecompressionFilter::Piece XzFilter::read(std::span<char> room) {

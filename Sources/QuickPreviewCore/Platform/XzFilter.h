@@ -13,6 +13,9 @@ public:
     enum class Threads { one, several };
 
     XzFilter(FileHandle& file, Threads threads);
+    /// True when \p head, the start of an xz file, shows a first block that states its sizes (the xz file
+    /// format, 3.1.2). Only files with such blocks can be decoded by several threads.
+    static bool statesBlockSizes(DataView head);
     ~XzFilter() override;
     XzFilter(const XzFilter&) = delete;
     XzFilter& operator=(const XzFilter&) = delete;
