@@ -6,7 +6,7 @@ import { readFileSync, writeFileSync } from 'node:fs';
 import { dirname, join } from 'node:path';
 import { after, before, describe, test } from 'node:test';
 
-import { file, launch, open, pageFor, sizeOf, textsBefore } from './preview.mjs';
+import { assertNothingForeign, file, launch, open, pageFor, sizeOf, textsBefore } from './preview.mjs';
 
 let browser;
 before(async () => {
@@ -23,26 +23,6 @@ const preview = async (t, path, options) => {
 
 const textOf = (page, selector) => page.$eval(selector, (element) => element.textContent);
 const textsOf = (page, selector) => page.$$eval(selector, (elements) => elements.map((element) => element.textContent));
-
-/** Every element of the page must be one of ours, and none may carry code or an address. */
-async function assertNothingForeign(page) {
-    const ours = 'html head meta title style body div header h1 p span img b i small details summary'.split(' ');
-    const foreign = await page.$$eval(
-        '*',
-        (elements, ours) =>
-            elements
-                .filter(
-                    ({ localName, attributes }) =>
-                        !ours.includes(localName) ||
-                        [...attributes].some(({ name }) => name.startsWith('on') || name === 'href') ||
-                        (localName === 'img' && !attributes.src.value.startsWith('data:image/')),
-                )
-                .map((element) => element.outerHTML),
-        ours,
-    );
-    assert.deepEqual(foreign, []);
-    assert.deepEqual(page.happenings, []);
-}
 
 const longestName = 'W'.repeat(251); // with ".txt" the 255 bytes that file systems allow
 

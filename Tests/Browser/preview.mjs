@@ -1,5 +1,6 @@
 // Makes previews with the program under test and opens them in Chromium.
 
+import assert from 'node:assert/strict';
 import { execFile } from 'node:child_process';
 import { mkdtempSync, readFileSync, rmSync, writeFileSync } from 'node:fs';
 import { tmpdir } from 'node:os';
@@ -127,4 +128,24 @@ export async function textsBefore(page) {
         const [x, y, width, height] = layout.bounds[i];
         return [{ text: strings[layout.text[i]], x, y, width, height }];
     });
+}
+
+/** Every element of the page must be one of ours, and none may carry code or an address. */
+export async function assertNothingForeign(page) {
+    const ours = 'html head meta title style body div header h1 p span img b i small details summary'.split(' ');
+    const foreign = await page.$$eval(
+        '*',
+        (elements, ours) =>
+            elements
+                .filter(
+                    ({ localName, attributes }) =>
+                        !ours.includes(localName) ||
+                        [...attributes].some(({ name }) => name.startsWith('on') || name === 'href') ||
+                        (localName === 'img' && !attributes.src.value.startsWith('data:image/')),
+                )
+                .map((element) => element.outerHTML),
+        ours,
+    );
+    assert.deepEqual(foreign, []);
+    assert.deepEqual(page.happenings, []);
 }
