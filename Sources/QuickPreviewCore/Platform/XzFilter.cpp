@@ -8,11 +8,11 @@ namespace quillmar {
 namespace {
 
 /// Bytes that liblzma may take. Dictionaries are as large as the file says, up to 4 GiB.
-constexpr std::uint64_t memoryLimit = 256 * 1'048'576;
+constexpr std::uint64_t memoryLimit = 268'435'456;
 
 /// Bytes from which on blocks are decoded one after the other instead of side by side: each thread holds the
 /// input and the output of a whole block.
-constexpr std::uint64_t memoryLimitOfThreads = 192 * 1'048'576;
+constexpr std::uint64_t memoryLimitOfThreads = 201'326'592;
 
 constexpr std::uint32_t maxThreads = 4;
 
