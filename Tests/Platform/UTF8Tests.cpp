@@ -30,6 +30,42 @@ TEST(UTF8, takesOneMaximalSubpartOfAnIllFormedSequence) {
     EXPECT_EQ(codePointAt("\x80", 0).length, 1U);
 }
 
+TEST(UTF8, readsCodePointsBackwards) {
+    const std::string text = "a\u00E9\u20AC\U0001F331";
+    EXPECT_EQ(codePointBefore(text, 1).value, U'a');
+    EXPECT_EQ(codePointBefore(text, 3).value, U'\u00E9');
+    EXPECT_EQ(codePointBefore(text, 6).value, U'\u20AC');
+    EXPECT_EQ(codePointBefore(text, 10).value, U'\U0001F331');
+    EXPECT_EQ(codePointBefore(text, 10).length, 4U);
+    EXPECT_TRUE(codePointBefore(text, 10).isWellFormed);
+}
+
+TEST(UTF8, takesOneMaximalSubpartBackwards) {
+    const auto cut = codePointBefore("x\xF0\x9F\x8C", 4);
+    EXPECT_EQ(cut.value, U'\uFFFD');
+    EXPECT_EQ(cut.length, 3U);
+    EXPECT_FALSE(cut.isWellFormed);
+    EXPECT_EQ(codePointBefore("\x80\x80\x80\x80\x80\x80", 6).length, 1U);
+    EXPECT_EQ(codePointBefore("\u00E9", 1).length, 1U); // only the lead byte
+    EXPECT_EQ(codePointBefore("\x80", 1).length, 1U);
+}
+
+TEST(UTF8, readsTheSameInBothDirections) {
+    // One byte of each kind, in every order.
+    constexpr std::string_view bytes = "a\x80\x9F\xA0\xC2\xE0\xED\xF0\xF4\xFF";
+    for (std::size_t number = 0; number < 100'000; ++number) {
+        std::string text;
+        for (std::size_t rest = number, digits = 0; digits < 5; ++digits, rest /= 10) text += bytes[rest % 10];
+        for (std::size_t start = 0; start < text.size();) {
+            const CodePoint forwards = codePointAt(text, start);
+            start += forwards.length;
+            const CodePoint backwards = codePointBefore(text, start);
+            ASSERT_EQ(backwards.value, forwards.value) << number;
+            ASSERT_EQ(backwards.length, forwards.length) << number;
+        }
+    }
+}
+
 TEST(UTF8, findsTheFirstFaultWhereverItStands) {
     for (std::size_t length = 0; length < 40; ++length) {
         const std::string ascii(length, 'x');

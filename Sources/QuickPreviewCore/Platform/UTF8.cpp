@@ -18,6 +18,18 @@ UChar32 next(std::string_view text, std::size_t& position) {
     return character;
 }
 
+/// Moves \p position before one code point or one maximal subpart, whose value is negative.
+UChar32 previous(std::string_view text, std::size_t& position) {
+    constexpr std::size_t longest = 4; // bytes; ICU's positions have 32 bits, so it sees no more than these
+    const std::size_t start = position < longest ? 0 : position - longest;
+    const char* bytes = text.data() + start;
+    auto end = static_cast<std::int32_t>(position - start);
+    UChar32 character = 0;
+    U8_PREV(bytes, 0, end, character);
+    position = start + static_cast<std::size_t>(end);
+    return character;
+}
+
 #pragma GCC diagnostic pop
 
 /// Bytes of ASCII at the start of \p text, found a machine word at a time.
@@ -40,6 +52,13 @@ CodePoint codePointAt(std::string_view text, std::size_t position) {
     const UChar32 character = next(text, end);
     if (character < 0) return {.value = 0xFFFD, .length = end - position, .isWellFormed = false};
     return {.value = static_cast<char32_t>(character), .length = end - position, .isWellFormed = true};
+}
+
+CodePoint codePointBefore(std::string_view text, std::size_t position) {
+    std::size_t start = position;
+    const UChar32 character = previous(text, start);
+    if (character < 0) return {.value = 0xFFFD, .length = position - start, .isWellFormed = false};
+    return {.value = static_cast<char32_t>(character), .length = position - start, .isWellFormed = true};
 }
 
 std::size_t validPrefix(std::string_view text) {

@@ -17,6 +17,9 @@ struct CodePoint {
 /// The code point that begins at byte \p position of \p text, which lies within it.
 CodePoint codePointAt(std::string_view text, std::size_t position);
 
+/// The code point that ends in front of byte \p position of \p text, which is neither 0 nor beyond its end.
+CodePoint codePointBefore(std::string_view text, std::size_t position);
+
 /// Bytes in the longest prefix of \p text that is well-formed.
 std::size_t validPrefix(std::string_view text);
 
