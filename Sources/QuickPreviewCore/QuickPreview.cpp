@@ -2,8 +2,12 @@
 
 #include "Archives/ArchiveError.h"
 #include "Archives/ArchiveReader.h"
+#include "Markdown/DocumentImages.h"
+#include "Markdown/MarkdownLimits.h"
+#include "Markdown/MarkdownParser.h"
 #include "Pages/ArchivePage.h"
 #include "Pages/MessagePage.h"
+#include "Pages/PageTemplate.h"
 #include "Pages/TextPage.h"
 #include "Platform/ByteCountFormat.h"
 #include "Platform/FileHandle.h"
@@ -27,6 +31,7 @@ struct PageSize {
 // Points. The size follows the route: a binary file found by the text route keeps that route's size.
 constexpr PageSize listingSize{780, 620};
 constexpr PageSize textSize{900, 700};
+constexpr PageSize markdownSize{900, 900};
 constexpr PageSize errorSize{520, 380};
 
 struct Page {
@@ -53,6 +58,18 @@ bool isMarkdown(const FileURL& url, const std::optional<UniformType>& type) {
     const std::string extension = lowercased(url.pathExtension());
     if (std::ranges::find(markdownExtensions, extension) != markdownExtensions.end()) return true;
     return type && type->conformsTo(markdownType);
+}
+
+std::string markdown(const FileURL& url, PreviewAssets& assets) {
+    std::string text = decodedText(readPrefix(url, MarkdownLimits::maxDocumentBytes));
+    DocumentImages images(url.deletingLastPathComponent(), assets);
+    MarkdownParser parser([&images](const std::string& path) { return images.attach(path); });
+    std::string html = PageTemplate::documentStart(url.lastPathComponent(), "markdown", 0);
+    html += "<article class=\"markdown-body\">";
+    parser.appendDocument(html, std::move(text));
+    html += "</article>";
+    html += PageTemplate::documentEnd;
+    return html;
 }
 
 bool isBinary(DataView data) { return data.substr(0, binaryTestBytes).find('\0') != data.npos; }
@@ -124,7 +141,7 @@ Page page(const FileURL& url, PreviewAssets& assets) {
     const auto type = values ? values->contentType : std::nullopt;
     if (values && values->isDirectory && !values->isPackage)
         throw std::runtime_error("Folders can't be previewed yet.");
-    if (isMarkdown(url, type)) throw std::runtime_error("Markdown documents can't be previewed yet.");
+    if (isMarkdown(url, type)) return {markdown(url, assets), markdownSize};
     const std::int64_t archiveSize = values ? values->fileSize.value_or(0) : 0;
     auto content = archiveContent(url);
     if (!content) return {text(url, type, assets), textSize};

@@ -1,0 +1,100 @@
+#include "Markdown/BlockParser.h"
+
+#include "Markdown/BlockQuote.h"
+#include "Markdown/HTMLBlock.h"
+#include "Markdown/Headings.h"
+#include "Markdown/Interruption.h"
+#include "Markdown/TaskItem.h"
+
+namespace quillmar::Markdown {
+
+void BlockParser::add(std::string_view text) {
+    Line line(text);
+    ThematicBreaks breaks(text);
+    const Containers::Arrival arrival = containers_.enter(line, breaks);
+    if (arrival.endsBlock()) open_.close();
+    pushClose(arrival.closed);
+    if (arrival.nextItem) line = beginItem(*arrival.nextItem);
+    if (open_.isOpen() && open_.take(line, breaks)) return;
+    begin(line, breaks);
+}
+
+/// What \p line begins; inside a quote or an item the same again with the rest.
+void BlockParser::begin(Line line, ThematicBreaks& breaks) {
+    while (!line.isBlank()) {
+        if (line.isIndentedAsCode()) return open_.openIndentedCode(line, containers_.isInItem());
+        if (!mayBeginBlock(line)) return open_.openParagraph(line);
+        switch (line.first()) {
+        case '>':
+            line = stripQuote(line);
+            openQuote(line);
+            continue;
+        case '#':
+        case '`':
+        case '~':
+        case '<': return beginLeaf(line);
+        default: break;
+        }
+        if (breaks.isThematicBreak(line)) {
+            push(BlockKind::thematicBreak);
+            return;
+        }
+        const auto marker = ListMarker::parse(line);
+        if (!marker) return beginLeaf(line);
+        line = openList(*marker);
+    }
+}
+
+/// What holds no blocks of its own.
+void BlockParser::beginLeaf(const Line& line) {
+    if (const auto fence = Fence::parse(line.text()))
+        return open_.openFencedCode(line, *fence, containers_.isInItem());
+    if (const auto heading = ATXHeading::parse(line)) return open_.addHeading(heading->level, heading->text);
+    if (isHTMLBlock(line)) return open_.openHTML(line, containers_.isInItem());
+    open_.openParagraph(line);
+}
+
+void BlockParser::openQuote(const Line& rest) {
+    containers_.openQuote(rest);
+    if (blocks_.empty() || blocks_.back().kind != BlockKind::quotes) push(BlockKind::quotes);
+    ++blocks_.back().number;
+}
+
+/// Returns what its first item begins with.
+Line BlockParser::openList(const ListMarker& marker) {
+    containers_.openList(marker, blocks_.size());
+    Block& list = push(BlockKind::list);
+    list.isOrdered = marker.ordered;
+    list.number = marker.start;
+    return beginItem(marker);
+}
+
+/// Returns what the item begins with.
+Line BlockParser::beginItem(const ListMarker& marker) {
+    Block& item = push(BlockKind::item);
+    const auto task = TaskItem::parse(marker.content);
+    if (!task) return Line(marker.content);
+    item.hasTask = true;
+    item.isChecked = task->checked;
+    containers_.noteTask();
+    return Line(task->text);
+}
+
+Block& BlockParser::push(BlockKind kind) {
+    Block& block = blocks_.emplace_back();
+    block.kind = kind;
+    return block;
+}
+
+void BlockParser::pushClose(std::size_t count) {
+    if (count == 0) return;
+    if (blocks_.empty() || blocks_.back().kind != BlockKind::close) push(BlockKind::close);
+    blocks_.back().number += static_cast<std::uint32_t>(count);
+}
+
+void BlockParser::finish() {
+    open_.close();
+    pushClose(containers_.count());
+}
+
+} // namespace quillmar::Markdown

@@ -1,0 +1,89 @@
+#pragma once
+
+#include "Markdown/Block.h"
+#include "Markdown/Line.h"
+#include "Markdown/ListMarker.h"
+#include "Markdown/ThematicBreak.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <limits>
+#include <optional>
+#include <vector>
+
+namespace quillmar::Markdown {
+
+/// The quotes and lists that are open, from the outermost to the innermost. Leads each line as deep as it
+/// belongs: by the markers and the indentation that it has, or lazily, as text that goes on without them.
+///
+/// The cost of a line is that of its own bytes and of what it closes, however deep the nesting is: quotes in a
+/// row are one entry, and a line of plain text passes all entries in one step.
+class Containers {
+public:
+    /// Marks the lists in \p blocks that turn out to be loose; \p blocks must outlive this object.
+    explicit Containers(std::vector<Block>& blocks) : blocks_(blocks) {}
+
+    /// What a line does to the containers that were open before it.
+    struct Arrival {
+        std::size_t closed = 0;             ///< quotes and lists that it ends, the innermost ones
+        std::optional<ListMarker> nextItem; ///< it begins a further item of the list that is then the innermost
+        bool endsBlock() const { return closed > 0 || nextItem; }
+    };
+
+    /// Strips from \p line what its containers take. \p breaks is of the same line.
+    Arrival enter(Line& line, ThematicBreaks& breaks);
+
+    /// Opens a quote around \p rest, what follows on the same line.
+    void openQuote(const Line& rest);
+    /// Opens a list with its first item. \p block is the index of the list's block.
+    void openList(const ListMarker& marker, std::size_t block);
+
+    /// Marks the innermost container, a list, as one with tasks.
+    void noteTask() { blocks_[entries_.back().number].hasTask = true; }
+
+    /// Quotes and lists that are open.
+    std::size_t count() const;
+    bool isEmpty() const { return entries_.empty(); }
+    /// True when the innermost container is a list.
+    bool isInItem() const { return !entries_.empty() && entries_.back().isList; }
+
+private:
+    /// Kept small: there may be one for every other byte of a document.
+    struct Entry {
+        std::size_t number = 0; ///< quotes: how many, one in the other; lists: the index of the block
+        bool isList = false;
+        // Lists, of the item that is open:
+        bool itemHasText = false; ///< a line of it was not blank
+        bool isOrdered = false;
+        char delimiter = '-';
+        std::uint8_t indent = 0;
+        std::uint8_t contentIndent = 0;
+
+        void setItem(const ListMarker& marker);
+        bool isContinuedBy(const ListMarker& marker) const {
+            return isOrdered == marker.ordered && delimiter == marker.delimiter;
+        }
+    };
+
+    // Each leads the line through the entry at `depth`, or says what it ends there.
+    std::optional<Arrival> enterQuotes(std::size_t& depth, Line& line, ThematicBreaks& breaks);
+    std::optional<Arrival> enterList(std::size_t& depth, Line& line, ThematicBreaks& breaks);
+    Arrival enterBlank(std::size_t depth);
+
+    Arrival beginItem(std::size_t depth, const ListMarker& marker);
+    Arrival refused(std::size_t depth, std::size_t keptQuotes);
+    std::size_t close(std::size_t depth, std::size_t keptQuotes);
+    std::size_t firstThatSawBlank(std::size_t depth) const;
+    void noteText();
+
+    static constexpr std::size_t none = std::numeric_limits<std::size_t>::max();
+
+    std::vector<Block>& blocks_;
+    std::vector<Entry> entries_;
+    std::vector<std::size_t> quoteEntries_; ///< the indices of those entries that are quotes
+    /// The last line was blank for the entries from this index on (all of them lists, for a quote would have
+    /// ended), and was the blank end of a line for the innermost quote of the entry before.
+    std::size_t blankFrom_ = none;
+};
+
+} // namespace quillmar::Markdown

@@ -1,0 +1,77 @@
+#include "Markdown/HTMLSanitizer.h"
+
+#include "Markdown/ImageSource.h"
+#include "Markdown/SanitizerPatterns.h"
+#include "Support/HTML.h"
+
+#include <optional>
+#include <utility>
+
+namespace quillmar::Markdown {
+namespace {
+
+using namespace SanitizerPatterns;
+
+Range rangeOf(const Range& match) { return match; }
+Range rangeOf(const ScriptURL& match) { return match.range; }
+
+/// \p text with every match of the scanner \p next replaced by what \p append writes for it; none when there is
+/// no match, so that nothing is copied in vain.
+template <typename Next, typename Append>
+std::optional<std::string> replacingMatches(std::string_view text, Next next, Append append) {
+    auto match = next(text, 0);
+    if (!match) return std::nullopt;
+    std::string result;
+    result.reserve(text.size());
+    std::size_t copied = 0;
+    for (; match; match = next(text, copied)) {
+        const Range range = rangeOf(*match);
+        result.append(text, copied, range.start - copied);
+        append(result, *match);
+        copied = range.end;
+    }
+    result.append(text, copied);
+    return result;
+}
+
+/// Appends \p tag with a source that the page can load, or its alternative text in its place.
+void appendImageTag(std::string& html, std::string_view tag, const ImageResolver& resolveImage) {
+    const auto source = nextImageSource(tag, 0);
+    if (!source) {
+        html.append(tag);
+        return;
+    }
+    if (const auto url = imageSource(source->value, resolveImage)) {
+        html.append(tag, 0, source->range.start).append(source->name).append(source->quote);
+        HTML::appendEscaped(html, *url);
+        html.append(source->quote).append(tag, source->range.end);
+        return;
+    }
+    const auto alt = nextImageAlt(tag, 0);
+    if (!alt || alt->value.empty()) return;
+    html.append("<span class=\"missing-image\">").append(alt->value).append("</span>");
+}
+
+} // namespace
+
+std::string sanitizeHTML(std::string_view html, const ImageResolver& resolveImage) {
+    std::optional<std::string> rewritten;
+    const auto pass = [&](auto next, auto append) {
+        if (auto text = replacingMatches(rewritten ? *rewritten : html, next, append))
+            rewritten = std::move(text);
+    };
+    const auto appendNothing = [](std::string&, const Range&) {};
+    pass(nextBlockedElement, appendNothing);
+    pass(nextBlockedTag, appendNothing);
+    pass(nextEventAttribute, appendNothing);
+    pass(nextScriptURL, [](std::string& result, const ScriptURL& url) {
+        result.append(url.name).append("=").append(url.quote).append("#blocked:");
+    });
+    pass(nextImageTag, [&](std::string& result, const Range& tag) {
+        const std::string_view text = rewritten ? *rewritten : html;
+        appendImageTag(result, text.substr(tag.start, tag.end - tag.start), resolveImage);
+    });
+    return rewritten ? std::move(*rewritten) : std::string(html);
+}
+
+} // namespace quillmar::Markdown

@@ -1,0 +1,153 @@
+#include "Markdown/LinkDestinations.h"
+
+#include "Markdown/TextBoundaries.h"
+#include "Platform/UTF8.h"
+
+#include <algorithm>
+
+namespace quillmar::Markdown {
+namespace {
+
+/// Bytes of a run of white space from which on its end is remembered.
+constexpr std::size_t longRun = 16;
+
+} // namespace
+
+void LinkDestinations::reset(std::string_view text) {
+    text_ = text;
+    angles_.reset();
+    doubleQuotes_.reset();
+    singleQuotes_.reset();
+    parentheses_.reset();
+    if (!longWhiteSpace_.empty()) longWhiteSpace_.clear();
+    isPaired_ = false;
+    hasFailed_ = false;
+}
+
+std::size_t LinkDestinations::Positions::next(std::string_view text, std::size_t from) {
+    if (!isRead_) {
+        isRead_ = true;
+        positions_.clear();
+        for (std::size_t i = text.find(character_); i != text.npos; i = text.find(character_, i + 1))
+            positions_.push_back(i);
+    }
+    const auto position = std::lower_bound(positions_.begin(), positions_.end(), from);
+    return position == positions_.end() ? text.npos : *position;
+}
+
+std::optional<LinkTarget> LinkDestinations::parse(std::size_t open, std::size_t limit) {
+    const std::size_t start = behindWhiteSpace(open + 1);
+    if (start >= limit) return std::nullopt;
+    auto target = readTail(destination(start, start == open + 1, limit), limit);
+    if (!target) hasFailed_ = true;
+    return target;
+}
+
+/// What may stand behind a destination: white space, a title, white space, and the ")" that must.
+std::optional<LinkTarget> LinkDestinations::readTail(const Piece& destination, std::size_t limit) {
+    LinkTarget target{.url = destination.text, .title = std::nullopt, .end = 0};
+    std::size_t position = behindWhiteSpace(destination.end);
+    const bool mayHaveTitle = position > destination.end && position < limit && text_[position] != ')';
+    if (mayHaveTitle) {
+        const auto found = title(position, limit);
+        if (!found) return std::nullopt;
+        target.title = found->text;
+        position = behindWhiteSpace(found->end);
+    }
+    if (position >= limit || text_[position] != ')') return std::nullopt;
+    target.end = position + 1;
+    return target;
+}
+
+LinkDestinations::Piece LinkDestinations::destination(std::size_t start, bool isBehindParenthesis,
+                                                      std::size_t limit) {
+    if (text_[start] == '<') {
+        const std::size_t close = angles_.next(text_, start);
+        if (close < limit) return {.text = text_.substr(start + 1, close - start - 1), .end = close + 1};
+    }
+    if (hasFailed_ && !isPaired_) pairParentheses();
+    std::size_t end = 0;
+    if (isPaired_ && isBehindParenthesis) {
+        end = std::lower_bound(endBehind_.begin(), endBehind_.end(), std::pair(start - 1, std::size_t{0}))
+                  ->second;
+    } else {
+        end = endOfPlainDestination(start);
+    }
+    end = std::min(end, limit);
+    return {.text = text_.substr(start, end - start), .end = end};
+}
+
+/// The first white space, or the ")" that closes what was not opened inside; the text's end without either.
+std::size_t LinkDestinations::endOfPlainDestination(std::size_t start) const {
+    std::size_t depth = 0;
+    std::size_t position = start;
+    while (position < text_.size()) {
+        const char c = text_[position];
+        if (c == '\\') {
+            if (++position == text_.size()) break;
+            position += UTF8::codePointAt(text_, position).length;
+            continue;
+        }
+        if (c == '(') ++depth;
+        if (c == ')' && depth-- == 0) return position;
+        if (whiteSpaceLengthAt(text_, position) > 0) return position;
+        ++position;
+    }
+    return text_.size();
+}
+
+/// The same for every "(" of the text, in one pass.
+void LinkDestinations::pairParentheses() {
+    isPaired_ = true;
+    endBehind_.clear();
+    std::vector<std::size_t> open; // indices of those without an end
+    const auto endAll = [&](std::size_t position) {
+        for (const std::size_t index : open) endBehind_[index].second = position;
+        open.clear();
+    };
+    std::size_t position = 0;
+    while (position < text_.size()) {
+        const char c = text_[position];
+        if (c == '\\') {
+            if (++position == text_.size()) break;
+            position += UTF8::codePointAt(text_, position).length;
+            continue;
+        }
+        if (c == '(') {
+            open.push_back(endBehind_.size());
+            endBehind_.emplace_back(position, 0);
+        } else if (c == ')') {
+            if (!open.empty()) {
+                endBehind_[open.back()].second = position;
+                open.pop_back();
+            }
+        } else if (whiteSpaceLengthAt(text_, position) > 0) {
+            endAll(position);
+        }
+        ++position;
+    }
+    endAll(text_.size());
+}
+
+/// A title ends at the first character that can close it; none when that does not come.
+std::optional<LinkDestinations::Piece> LinkDestinations::title(std::size_t start, std::size_t limit) {
+    std::size_t close = 0;
+    switch (text_[start]) {
+    case '"': close = doubleQuotes_.next(text_, start + 1); break;
+    case '\'': close = singleQuotes_.next(text_, start + 1); break;
+    case '(': close = parentheses_.next(text_, start + 1); break;
+    default: return std::nullopt;
+    }
+    if (close >= limit) return std::nullopt;
+    return Piece{.text = text_.substr(start + 1, close - start - 1), .end = close + 1};
+}
+
+std::size_t LinkDestinations::behindWhiteSpace(std::size_t position) {
+    const auto known = longWhiteSpace_.find(position);
+    if (known != longWhiteSpace_.end()) return known->second;
+    const std::size_t end = endOfWhiteSpace(text_, position);
+    if (end - position >= longRun) longWhiteSpace_[position] = end;
+    return end;
+}
+
+} // namespace quillmar::Markdown

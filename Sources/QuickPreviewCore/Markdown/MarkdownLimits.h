@@ -1,0 +1,29 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+/// What a Markdown document can make of itself, whatever it says.
+namespace quillmar::MarkdownLimits {
+
+/// Bytes of a document that are read; the rest is not shown.
+inline constexpr std::size_t maxDocumentBytes = 2'097'152;
+
+/// Bytes of the text that is parsed, its tabs expanded: places in it are kept in 32 bits. No host reads that
+/// much.
+inline constexpr std::size_t maxTextBytes = 4'294'967'295;
+
+/// Bytes of one image file. Larger files are not opened.
+inline constexpr std::int64_t maxImageBytes = 8'388'608;
+
+/// Bytes of all images of one preview, every reference counted: a line of text can name a large file again.
+inline constexpr std::int64_t maxAttachedImageBytes = 268'435'456;
+
+/// Cells of one document's tables that are written for missing ones. A wide header makes every short row wide.
+inline constexpr std::size_t maxPaddingCells = 262'144;
+
+/// UTF-8 bytes of destination and title of every reference that one document resolves. Three bytes of text
+/// can repeat a definition of a megabyte.
+inline constexpr std::size_t maxResolvedReferenceBytes = 4'194'304;
+
+} // namespace quillmar::MarkdownLimits
