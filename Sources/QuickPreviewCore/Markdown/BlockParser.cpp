@@ -8,15 +8,15 @@
 
 namespace quillmar::Markdown {
 
-void BlockParser::add(std::string_view text) {
-    Line line(text);
-    ThematicBreaks breaks(text);
-    const Containers::Arrival arrival = containers_.enter(line, breaks);
+void BlockParser::add(std::string_view line) {
+    Line rest(line);
+    ThematicBreaks breaks(line);
+    const Containers::Arrival arrival = containers_.enter(rest, breaks);
     if (arrival.endsBlock()) open_.close();
     pushClose(arrival.closed);
-    if (arrival.nextItem) line = beginItem(*arrival.nextItem);
-    if (open_.isOpen() && open_.take(line, breaks)) return;
-    begin(line, breaks);
+    if (arrival.nextItem) rest = beginItem(*arrival.nextItem);
+    if (open_.isOpen() && open_.take(rest, breaks)) return;
+    begin(rest, breaks);
 }
 
 /// What \p line begins; inside a quote or an item the same again with the rest.

@@ -27,9 +27,7 @@ bool isASCIIPunctuation(char c) {
 /// Characters that are not simply copied: those that begin a construct, and those that HTML escapes.
 constexpr auto isSpecial = [] {
     std::array<bool, 256> table{};
-    for (const unsigned char c :
-         {'\\', '`', '!', '[', '*', '_', '~', '<', 'h', 'H', 'w', 'W', '\n', '&', '>', '"', '\''})
-        table[c] = true;
+    for (const char c : std::string_view("\\`![*_~<hHwW\n&>\"'")) table[static_cast<unsigned char>(c)] = true;
     return table;
 }();
 
@@ -88,7 +86,7 @@ struct Inlines::State {
     void lineBreak();
 
     void appendCharacter();
-    void appendAnchor(std::string_view hrefPrefix, std::string_view href, std::string_view content);
+    void appendAnchor(std::string_view hrefPrefix, std::string_view href, std::string_view content) const;
     DelimiterRun classify(std::size_t end) const;
 };
 
@@ -292,7 +290,7 @@ bool Inlines::State::address() {
 }
 
 void Inlines::State::appendAnchor(std::string_view hrefPrefix, std::string_view href,
-                                  std::string_view content) {
+                                  std::string_view content) const {
     *html += "<a href=\"";
     *html += hrefPrefix;
     HTML::appendEscaped(*html, href);

@@ -7,6 +7,7 @@
 #include "Markdown/ListMarker.h"
 
 #include <array>
+#include <string_view>
 
 namespace quillmar::Markdown {
 namespace {
@@ -16,8 +17,7 @@ constexpr auto mayBegin = [] {
     std::array<bool, 256> table{};
     for (std::size_t byte = 0; byte < ' '; ++byte) table[byte] = true;
     for (std::size_t byte = 0x80; byte < table.size(); ++byte) table[byte] = true;
-    for (const unsigned char c : {'`', '~', '#', '-', '*', '_', '+', '>', '<'}) table[c] = true;
-    for (unsigned char digit = '0'; digit <= '9'; ++digit) table[digit] = true;
+    for (const char c : std::string_view("`~#-*_+><0123456789")) table[static_cast<unsigned char>(c)] = true;
     return table;
 }();
 

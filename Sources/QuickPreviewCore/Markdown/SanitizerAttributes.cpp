@@ -67,8 +67,7 @@ std::optional<std::size_t> endOfValue(std::string_view text, std::size_t positio
 
 /// Where the event handler whose "=" is at \p equals starts with its white space, not in front of \p first.
 std::optional<std::size_t> startOfEventName(std::string_view text, std::size_t first, std::size_t equals) {
-    const std::size_t nameEnd = startOfWhiteSpace(text, first, equals);
-    std::size_t name = nameEnd;
+    std::size_t name = startOfWhiteSpace(text, first, equals);
     std::size_t letters = 0;
     while (name > first) {
         const std::size_t length = CaseFolding::letterLengthBefore(text, name);
