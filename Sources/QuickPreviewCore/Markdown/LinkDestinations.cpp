@@ -11,6 +11,26 @@ namespace {
 /// Bytes of a run of white space from which on its end is remembered.
 constexpr std::size_t longRun = 16;
 
+/// How many of \p size elements stand before the one that is sought (`std::lower_bound`). It is looked for
+/// first near \p guess, the last answer.
+template <typename Predicate>
+std::size_t countBefore(std::size_t guess, std::size_t size, Predicate isBefore) {
+    constexpr std::size_t steps = 8;
+    std::size_t first = guess > 0 && isBefore(guess - 1) ? guess : 0;
+    for (std::size_t i = 0; i < steps && first < size; ++i, ++first)
+        if (!isBefore(first)) return first;
+    std::size_t last = size;
+    while (first < last) {
+        const std::size_t middle = first + (last - first) / 2;
+        if (isBefore(middle)) {
+            first = middle + 1;
+        } else {
+            last = middle;
+        }
+    }
+    return first;
+}
+
 } // namespace
 
 void LinkDestinations::reset(std::string_view text) {
@@ -28,11 +48,12 @@ std::size_t LinkDestinations::Positions::next(std::string_view text, std::size_t
     if (!isRead_) {
         isRead_ = true;
         positions_.clear();
+        last_ = 0;
         for (std::size_t i = text.find(character_); i != text.npos; i = text.find(character_, i + 1))
             positions_.push_back(i);
     }
-    const auto position = std::lower_bound(positions_.begin(), positions_.end(), from);
-    return position == positions_.end() ? text.npos : *position;
+    last_ = countBefore(last_, positions_.size(), [&](std::size_t i) { return positions_[i] < from; });
+    return last_ == positions_.size() ? text.npos : positions_[last_];
 }
 
 std::optional<LinkTarget> LinkDestinations::parse(std::size_t open, std::size_t limit) {
@@ -68,8 +89,9 @@ LinkDestinations::Piece LinkDestinations::destination(std::size_t start, bool is
     if (hasFailed_ && !isPaired_) pairParentheses();
     std::size_t end = 0;
     if (isPaired_ && isBehindParenthesis) {
-        end = std::lower_bound(endBehind_.begin(), endBehind_.end(), std::pair(start - 1, std::size_t{0}))
-                  ->second;
+        lastEnd_ = countBefore(lastEnd_, endBehind_.size(),
+                               [&](std::size_t i) { return endBehind_[i].first < start - 1; });
+        end = endBehind_[lastEnd_].second;
     } else {
         end = endOfPlainDestination(start);
     }
@@ -100,6 +122,7 @@ std::size_t LinkDestinations::endOfPlainDestination(std::size_t start) const {
 void LinkDestinations::pairParentheses() {
     isPaired_ = true;
     endBehind_.clear();
+    lastEnd_ = 0;
     std::vector<std::size_t> open; // indices of those without an end
     const auto endAll = [&](std::size_t position) {
         for (const std::size_t index : open) endBehind_[index].second = position;
@@ -143,8 +166,10 @@ std::optional<LinkDestinations::Piece> LinkDestinations::title(std::size_t start
 }
 
 std::size_t LinkDestinations::behindWhiteSpace(std::size_t position) {
-    const auto known = longWhiteSpace_.find(position);
-    if (known != longWhiteSpace_.end()) return known->second;
+    if (!longWhiteSpace_.empty()) {
+        const auto known = longWhiteSpace_.find(position);
+        if (known != longWhiteSpace_.end()) return known->second;
+    }
     const std::size_t end = endOfWhiteSpace(text_, position);
     if (end - position >= longRun) longWhiteSpace_[position] = end;
     return end;

@@ -44,6 +44,7 @@ private:
         char character_;
         bool isRead_ = false;
         std::vector<std::size_t> positions_;
+        std::size_t last_ = 0; ///< index of the last answer: the next one is mostly near
     };
 
     Piece destination(std::size_t start, bool isBehindParenthesis, std::size_t limit);
@@ -62,6 +63,7 @@ private:
     std::unordered_map<std::size_t, std::size_t> longWhiteSpace_;
     /// Where the destination behind a "(" ends, by the position of the "(". Filled when one link has failed.
     std::vector<std::pair<std::size_t, std::size_t>> endBehind_;
+    std::size_t lastEnd_ = 0; ///< index of the last answer
     bool isPaired_ = false;
     bool hasFailed_ = false;
 };

@@ -1,5 +1,6 @@
 #include "Support/SeededHash.h"
 
+#include <atomic>
 #include <cstring>
 #include <random>
 
@@ -21,7 +22,15 @@ std::uint64_t randomWord() {
 
 } // namespace
 
-SeededHash::SeededHash() : seed_(randomWord()), factor_(randomWord()) {}
+SeededHash::SeededHash() {
+    // Asking the system takes longer than rendering a short document, so it is asked once.
+    static const std::uint64_t secretSeed = randomWord();
+    static const std::uint64_t secretFactor = randomWord();
+    static std::atomic<std::uint64_t> objects = 0;
+    const std::uint64_t object = ++objects;
+    seed_ = folded(secretSeed ^ object, secretFactor);
+    factor_ = folded(secretFactor ^ object, secretSeed);
+}
 
 std::size_t SeededHash::operator()(std::string_view text, std::uint64_t number) const {
     std::uint64_t hash = folded(seed_ ^ number, factor_ ^ text.size());

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace quillmar {
+
+/// Documents that make a careless renderer recurse, search again what it has searched, or write far more than
+/// it has read.
+struct HostileMarkdown {
+    std::string name;
+    std::function<std::string(std::size_t bytes)> document; ///< not longer than its argument
+};
+
+std::vector<HostileMarkdown> hostileMarkdown();
+
+} // namespace quillmar
