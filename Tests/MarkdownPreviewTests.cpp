@@ -74,6 +74,15 @@ TEST_F(MarkdownPreviewTest, isForEightExtensions) {
         EXPECT_TRUE(isMarkdownPage(preview(std::string("notes.") + extension, "x"))) << extension;
 }
 
+TEST_F(MarkdownPreviewTest, isForTheseExtensionsWhateverTheType) {
+    folder.write("notes.txt", "x");
+    for (const auto* extension : {"md", "markdown", "mdown", "mkd", "mkdn", "mdwn", "mdtext", "mdx", "MD"}) {
+        const std::string name = std::string("link.") + extension;
+        std::filesystem::create_symlink("notes.txt", folder.path() / name);
+        EXPECT_TRUE(isMarkdownPage(QuickPreview::document(folder.url(name), nullptr))) << extension;
+    }
+}
+
 TEST_F(MarkdownPreviewTest, isForExtensionsInAnyCase) {
     for (const auto* name : {"README.MD", "Notes.MarkDown", "notes.mDx"})
         EXPECT_TRUE(isMarkdownPage(preview(name, "x"))) << name;

@@ -62,7 +62,7 @@ export const launch = () =>
             '--no-sandbox', // there is none for root, and the pages are our own
             '--disable-gpu',
             // Nothing may leave the machine, neither a page's requests nor the browser's own.
-            '--host-resolver-rules=MAP * ~NOTFOUND',
+            '--host-resolver-rules=MAP * ~NOTFOUND, EXCLUDE 127.0.0.1',
             '--disable-background-networking',
             '--disable-component-update',
             '--disable-quic',
@@ -77,15 +77,21 @@ const contexts = new Map();
  * Opens the HTML file `path` in a new tab of `browser`; the caller closes it.
  *
  * Scripts are off unless asked for, as wherever a preview is shown; what the tests themselves evaluate runs all
- * the same. `page.happenings` collects what no preview may ever cause: requests, dialogs, scripts' words.
+ * the same. `page.happenings` collects what no preview may ever cause: requests, dialogs, scripts' words. A
+ * `proxy` on this machine answers in place of the network.
  */
 export async function open(
     browser,
     path,
-    { scheme = 'light', size = { width: 1000, height: 800 }, scripts = false } = {},
+    { scheme = 'light', size = { width: 1000, height: 800 }, scripts = false, proxy } = {},
 ) {
     // Contexts are shared, because a tab in a new one takes three times as long.
-    const options = { colorScheme: scheme, javaScriptEnabled: scripts, viewport: size };
+    const options = {
+        colorScheme: scheme,
+        javaScriptEnabled: scripts,
+        viewport: size,
+        ...(proxy && { proxy: { server: proxy } }),
+    };
     const key = JSON.stringify(options);
     if (!contexts.has(key)) contexts.set(key, browser.newContext(options));
     const page = await (await contexts.get(key)).newPage();
@@ -99,7 +105,8 @@ export async function open(
     // Chromium announces a request first and asks the page's own policy then.
     page.on('requestfailed', (request) => {
         if (request.failure().errorText !== 'csp') return;
-        page.happenings.splice(page.happenings.indexOf(`request of ${request.url()}`), 1);
+        const announced = page.happenings.indexOf(`request of ${request.url()}`);
+        if (announced >= 0) page.happenings.splice(announced, 1);
     });
     page.on('dialog', (dialog) => {
         page.happenings.push(`dialog "${dialog.message()}"`);

@@ -104,7 +104,8 @@ TEST(AngleBrackets, endBeforeTheLimit) {
 
 TEST(AngleBrackets, areReadAnewInAnotherText) {
     AngleBrackets brackets;
-    for (const std::string_view text : {"<aaaaaa", "<aa:b>", "<!-- a", "<!---->", "<a @.", "<a@b.c>", "<b>"}) {
+    for (const std::string_view text :
+         {"<aaaaaa", "<aa:b>", "<!-- a", "<!---->", "<a @.", "<a@b.c>", "<a@bcd>", "<b>"}) {
         brackets.reset(text);
         EXPECT_EQ(described(brackets.angleBracket(0, text.size()), text), described(text));
     }

@@ -63,8 +63,6 @@ std::string blocks(std::string document) {
     return described(parser.blocks(), document);
 }
 
-TEST(BlockParser, readsNothingInBlankLines) { EXPECT_EQ(blocks("\n  \n\t"), ""); }
-
 TEST(BlockParser, readsBlocksInTheirOrder) {
     EXPECT_EQ(blocks("a\n# b\n***\n    c\n~~~d\ne\n~~~\n<f>\n\n|g|\n|-|"),
               "paragraph \"a\", heading 1 \"b\", break, code \"c\", fence \"d\ne\", html \"<f>\", table "
@@ -81,6 +79,10 @@ TEST(BlockParser, opensFurtherQuotesInAnotherStep) {
 
 TEST(BlockParser, closesSomeOfTheQuotesThatWereOpenedInOneStep) {
     EXPECT_EQ(blocks("> > > a\n>\n> b"), "quotes 3, paragraph \"a\", close 2, paragraph \"b\", close 1");
+}
+
+TEST(BlockParser, closesInOneStepWhatEndsOnSeveralLines) {
+    EXPECT_EQ(blocks("- > a\n\nb"), "list, item, quotes 1, paragraph \"a\", close 2, paragraph \"b\"");
 }
 
 TEST(BlockParser, readsItemsOneAfterTheOther) {

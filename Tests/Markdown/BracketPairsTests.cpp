@@ -158,11 +158,12 @@ TEST_F(BracketPairsTest, areFoundWithinTheirLimitWhereTheOuterOneSawCode) {
 }
 
 TEST_F(BracketPairsTest, areSoughtAnewInAnotherText) {
-    read("[a] [b");
-    EXPECT_EQ(closing(0), 2U);
-    EXPECT_EQ(closing(4), std::nullopt);
-    read("[abcd]");
-    EXPECT_EQ(closing(0), 5U);
+    read("[a");
+    EXPECT_EQ(closing(0), std::nullopt);
+    read("[]");
+    EXPECT_EQ(closing(0), 1U);
+    read("[[");
+    EXPECT_EQ(closing(0), std::nullopt);
 }
 
 /// "[" with a run of backticks behind it, as often as asked for, each run of another length. They close at the

@@ -55,15 +55,9 @@ protected:
     Containers containers_{blocks_};
 };
 
-TEST_F(ContainersTest, areNoneAtFirst) {
-    EXPECT_TRUE(containers_.isEmpty());
-    EXPECT_EQ(containers_.count(), 0U);
-    EXPECT_FALSE(containers_.isInItem());
-    EXPECT_EQ(inside("  > a"), "  > a");
-    EXPECT_EQ(inside(""), "");
-}
-
 TEST_F(ContainersTest, areCountedOneByOne) {
+    EXPECT_TRUE(containers_.isEmpty());
+    EXPECT_FALSE(containers_.isInItem());
     open("> > - > 1. a");
     EXPECT_EQ(containers_.count(), 5U);
     EXPECT_FALSE(containers_.isEmpty());
@@ -111,6 +105,8 @@ TEST_F(ContainersTest, ofQuotesEndAtTextBehindTheirBlankLine) {
     EXPECT_EQ(text.closed, 1U);
     EXPECT_EQ(text.rest, "b");
     EXPECT_EQ(inside("c"), "c");
+    open("> >");
+    EXPECT_EQ(enter("d").closed, 1U); // their first line may be that blank line
 }
 
 TEST_F(ContainersTest, ofQuotesGoOnBehindTheirBlankLineWithTheirMarkers) {
@@ -128,6 +124,21 @@ TEST_F(ContainersTest, ofListsTakeAnotherItem) {
     EXPECT_EQ(arrived.nextItem->content, "b");
     EXPECT_EQ(inside("    c"), "c"); // the new item's column
     EXPECT_FALSE(isLoose(0));
+}
+
+TEST_F(ContainersTest, ofListsForgetABlankLineWithTheNextItem) {
+    open("- a");
+    EXPECT_EQ(inside(""), "");
+    EXPECT_TRUE(enter("- b").nextItem);
+    EXPECT_TRUE(isLoose(0));
+    EXPECT_EQ(inside("c"), "c");
+}
+
+TEST_F(ContainersTest, ofListsHoldMarkersOfOthersIndentedByTwoSpaces) {
+    open("100. a");
+    EXPECT_EQ(inside("  - b"), "- b");
+    EXPECT_EQ(inside("   2. c"), "2. c");
+    EXPECT_EQ(enter(" - d").closed, 1U);
 }
 
 TEST_F(ContainersTest, ofListsEndWhatAnItemHoldsAtTheNext) {
@@ -183,11 +194,12 @@ TEST_F(ContainersTest, ofListsHoldALineOfNoBreakSpacesAsABlankOne) {
     EXPECT_EQ(containers_.count(), 1U);
 }
 
-TEST_F(ContainersTest, endAtABlankLineFromTheOutermostQuoteOn) {
+TEST_F(ContainersTest, endAtABlankLineFromTheFirstQuoteWithoutMarkerOn) {
     open("- 1. > - > a");
-    EXPECT_EQ(enter("").closed, 3U);
+    EXPECT_EQ(enter("     >").closed, 1U);
+    EXPECT_EQ(containers_.count(), 4U);
+    EXPECT_EQ(enter("").closed, 2U);
     EXPECT_EQ(containers_.count(), 2U);
-    EXPECT_TRUE(containers_.isInItem());
     EXPECT_EQ(inside("     b"), "b");
     EXPECT_TRUE(isLoose(0));
     EXPECT_TRUE(isLoose(1));
@@ -214,6 +226,13 @@ TEST_F(ContainersTest, areEnteredLazilyUpToAListThatSawABlankLine) {
     EXPECT_EQ(inside("  >"), "");
     EXPECT_EQ(enter("b").closed, 2U); // and so has the quote around it
     EXPECT_EQ(containers_.count(), 1U);
+}
+
+TEST_F(ContainersTest, areCutInTheMiddleOfARunOfQuotesByABlankLine) {
+    open("> > > a");
+    EXPECT_EQ(enter(">").closed, 2U);
+    EXPECT_EQ(containers_.count(), 1U);
+    EXPECT_EQ(enter("b").closed, 1U); // the blank line is that of the one that was left
 }
 
 TEST_F(ContainersTest, areCutInTheMiddleOfARunOfQuotesAndGoOnFromThere) {

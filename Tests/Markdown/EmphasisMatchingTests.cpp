@@ -131,6 +131,15 @@ TEST_F(EmphasisMatching, letsTheRestOfACloserOpen) {
     EXPECT_EQ(inserted(), "<em>a</em><strong>b</strong>");
 }
 
+TEST_F(EmphasisMatching, letsACloserWithoutRestOpenNothing) {
+    opener("*");
+    text("a");
+    both("*");
+    text("b");
+    closer("*");
+    EXPECT_EQ(inserted(), "<em>a</em>b*");
+}
+
 TEST_F(EmphasisMatching, letsNoRunOpenAndCloseItself) {
     both("**");
     text("a");
@@ -166,6 +175,19 @@ TEST_F(EmphasisMatching, endsWithALinksText) {
     text("</a>");
     closer("*");
     EXPECT_EQ(inserted(), "<a>*a</a>*");
+}
+
+TEST_F(EmphasisMatching, passesWhatALinksTextLeftOpen) {
+    opener("_");
+    opener("*");
+    emphasis_.beginLinkText();
+    opener("*");
+    opener("_");
+    text("a");
+    emphasis_.endLinkText();
+    closer("*");
+    closer("_");
+    EXPECT_EQ(inserted(), "<em><em>*_a</em></em>");
 }
 
 TEST_F(EmphasisMatching, waitsUntilTheEndOfALinksText) {

@@ -17,7 +17,7 @@ void expectParagraphs(std::initializer_list<Case> cases) {
 
 /// The address that a link to \p destination gets, as markup; the whole paragraph when it is no link.
 std::string href(const std::string& destination) {
-    const std::string html = rendered("[a](" + destination + ")");
+    std::string html = rendered("[a](" + destination + ")");
     const std::string start = "<p><a href=\"";
     const std::string end = "\">a</a></p>\n";
     if (html.size() < start.size() + end.size() || html.substr(0, start.size()) != start) return html;

@@ -52,22 +52,16 @@ protected:
     OpenBlock block_{buffer_, blocks_};
 };
 
-TEST_F(OpenBlockTest, isNoneAtFirst) {
-    read("a\n");
+TEST_F(OpenBlockTest, isOpenUntilItIsClosed) {
+    read("\na");
     EXPECT_FALSE(block_.isOpen());
     EXPECT_FALSE(takeNext());
-    EXPECT_FALSE(takeNext());
-    block_.close();
-    EXPECT_TRUE(blocks_.empty());
-}
-
-TEST_F(OpenBlockTest, isOpenUntilItIsClosed) {
-    read("a");
     openParagraph();
     EXPECT_TRUE(block_.isOpen());
     EXPECT_TRUE(blocks_.empty());
     block_.close();
     EXPECT_FALSE(block_.isOpen());
+    block_.close();
     EXPECT_EQ(text(BlockKind::paragraph), "a");
 }
 
@@ -109,6 +103,13 @@ TEST_F(OpenBlockTest, tableBeginsWithTheSecondLineOfAParagraph) {
     openParagraph();
     takeAll();
     EXPECT_EQ(text(BlockKind::table), "| a |\n  |---|\n  | b |\nc|");
+}
+
+TEST_F(OpenBlockTest, tableDoesNotBeginFurtherDown) {
+    read("a|b\nc\n-|-");
+    openParagraph();
+    takeAll();
+    EXPECT_EQ(text(BlockKind::paragraph), "a|b\nc\n-|-");
 }
 
 TEST_F(OpenBlockTest, tableComesBeforeAnUnderline) {
@@ -198,6 +199,15 @@ TEST_F(OpenBlockTest, commentMayBeOneLine) {
     openHTML();
     EXPECT_FALSE(block_.isOpen());
     EXPECT_EQ(text(BlockKind::html), "<!-->");
+}
+
+TEST_F(OpenBlockTest, commentMayBeClosedByALineThatIsMoved) {
+    read("<!--\n  \n-->\na"); // over the spaces of the one before, of which an item keeps none
+    openHTML(true);
+    EXPECT_TRUE(takeNext());
+    EXPECT_TRUE(takeNext());
+    EXPECT_FALSE(block_.isOpen());
+    EXPECT_EQ(text(BlockKind::html), "<!--\n\n-->");
 }
 
 TEST_F(OpenBlockTest, commentInAnItemHasNoBlankLinesAtItsEnd) {

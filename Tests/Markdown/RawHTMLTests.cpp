@@ -7,8 +7,11 @@ namespace {
 
 TEST(RawHTML, losesElementsThatRunCodeOrLoadFrames) {
     for (const std::string name : {"script", "style", "iframe", "frame", "frameset", "object", "embed",
-                                   "applet", "form", "textarea", "select", "button"})
-        EXPECT_EQ(rendered("<p>a<" + name + " b=\"c\">d <i>e</i></" + name + ">f"), "<p>af\n") << name;
+                                   "applet", "form", "textarea", "select", "button"}) {
+        std::string markdown = "<p>a<";
+        markdown.append(name).append(" b=\"c\">d <i>e</i></").append(name).append(">f");
+        EXPECT_EQ(rendered(markdown), "<p>af\n") << name;
+    }
 }
 
 TEST(RawHTML, losesUnclosedElementsToTheEndOfTheBlock) {
