@@ -2,6 +2,8 @@
 
 #include "QuillmarQuickLook/Base64.h"
 
+#include <algorithm>
+#include <array>
 #include <cerrno>
 #include <cmath>
 #include <cstdio>
@@ -82,40 +84,76 @@ constexpr std::string_view contentSecurityPolicy =
 /// Where the policy goes: behind the character set, before anything that it governs.
 constexpr std::string_view policyPlace = "<meta charset=\"utf-8\">\n";
 
-constexpr std::string_view referenceStart = "src=\"cid:";
+/// What the body of a page of ours never holds. Raw HTML of a Markdown document can bring these past a filter
+/// of text, and no policy stops a refresh, a base, or what a link or a frame's own document fetches ahead.
+constexpr std::array<std::string_view, 4> foreignElements{"meta", "link", "base", "iframe"};
+
+bool beginsWithoutCase(std::string_view text, std::string_view lowercase) {
+    if (text.size() < lowercase.size()) return false;
+    return std::equal(lowercase.begin(), lowercase.end(), text.begin(), [](char expected, char c) {
+        return (c >= 'A' && c <= 'Z' ? c - 'A' + 'a' : c) == expected;
+    });
+}
+
+/// Hands on \p html, with the tags of such elements turned into text.
+void writeBody(std::string_view html, const std::function<void(DataView)>& write) {
+    for (std::size_t tag = 0; (tag = html.find('<', tag)) != html.npos;) {
+        const std::string_view name = html.substr(tag + 1);
+        const bool isForeign = std::ranges::any_of(
+            foreignElements, [name](std::string_view element) { return beginsWithoutCase(name, element); });
+        if (!isForeign) {
+            ++tag;
+            continue;
+        }
+        write(html.substr(0, tag));
+        write("&lt;");
+        html.remove_prefix(tag + 1);
+        tag = 0;
+    }
+    write(html);
+}
+
+constexpr std::string_view headEnd = "</head>";
+
+constexpr std::string_view scheme = "cid:";
 
 /// Hands the pieces of the page that stands alone to \p write, in their order; the large ones are never copied.
-void composePage(PreviewReply& reply, const std::function<void(DataView)>& write) {
+/// References for whose attachment there is no more \p room stay as they are.
+void composePage(PreviewReply& reply, std::size_t room, const std::function<void(DataView)>& write) {
     std::string_view html = reply.data();
     std::map<std::string_view, std::string> urls;
     for (const auto& [name, attachment] : reply.attachments) urls.emplace(name, dataURL(attachment));
 
     const std::size_t policyAt = html.find(policyPlace) + policyPlace.size();
+    const std::size_t headEndAt = html.find(headEnd, policyAt);
+    const std::size_t bodyAt = headEndAt == html.npos ? policyAt : headEndAt;
     write(html.substr(0, policyAt));
     write(contentSecurityPolicy);
-    html.remove_prefix(policyAt);
+    write(html.substr(policyAt, bodyAt - policyAt));
+    html.remove_prefix(bodyAt);
 
-    // Quotation marks in text are escaped, so what looks like a reference is one.
-    for (std::size_t start = 0; (start = html.find(referenceStart, start)) != html.npos;) {
-        const std::size_t nameAt = start + referenceStart.size();
-        const auto url = urls.find(html.substr(nameAt, html.find('"', nameAt) - nameAt));
-        if (url == urls.end()) {
-            start = nameAt;
-            continue;
-        }
-        write(html.substr(0, nameAt - std::string_view("cid:").size()));
+    // A reference is the whole of a quoted value. Raw HTML has quotation marks of both kinds.
+    for (std::size_t start = 0; (start = html.find(scheme, start)) != html.npos;) {
+        const std::size_t nameAt = start + scheme.size();
+        const char quote = start > 0 ? html[start - 1] : ' ';
+        start = nameAt;
+        if (quote != '"' && quote != '\'') continue;
+        const auto url = urls.find(html.substr(nameAt, html.find(quote, nameAt) - nameAt));
+        if (url == urls.end() || url->second.size() > room) continue;
+        room -= url->second.size();
+        writeBody(html.substr(0, nameAt - scheme.size()), write);
         write(url->second);
         html.remove_prefix(nameAt + url->first.size());
         start = 0;
     }
-    write(html);
+    writeBody(html, write);
 }
 
 } // namespace
 
-std::string selfContainedPage(PreviewReply& reply) {
+std::string selfContainedPage(PreviewReply& reply, std::size_t maxBytes) {
     std::string page;
-    composePage(reply, [&](DataView piece) { page.append(piece); });
+    composePage(reply, maxBytes, [&](DataView piece) { page.append(piece); });
     return page;
 }
 
@@ -133,7 +171,7 @@ void writeFolder(PreviewReply& reply, const std::string& folder) {
 
 void writePage(PreviewReply& reply, const std::string& path) {
     OutputFile file(path);
-    composePage(reply, [&](DataView piece) { file.write(piece); });
+    composePage(reply, maxAttachmentBytes, [&](DataView piece) { file.write(piece); });
     file.finish();
 }
 

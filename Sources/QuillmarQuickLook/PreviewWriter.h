@@ -2,6 +2,7 @@
 
 #include "QuillmarQuickLook/PreviewReply.h"
 
+#include <cstddef>
 #include <stdexcept>
 #include <string>
 
@@ -21,8 +22,13 @@ void writeFolder(PreviewReply& reply, const std::string& folder);
 /// Writes one page that stands alone to \p path; "-" is standard output. Throws WriteError.
 void writePage(PreviewReply& reply, const std::string& path);
 
+/// Bytes of attachments, as data URLs, in a page that stands alone, every reference counted: a line of raw HTML
+/// can name a large one again. All images of a Markdown document together are no more.
+inline constexpr std::size_t maxAttachmentBytes = 402'653'184;
+
 /// The page that stands alone: attachments as data URLs, and for a browser a policy that lets nothing run and
-/// nothing load but pictures.
-std::string selfContainedPage(PreviewReply& reply);
+/// nothing load but pictures. What no policy stops (a refresh, a base, a link, a frame in the body) becomes
+/// text. References that would exceed \p maxBytes are left.
+std::string selfContainedPage(PreviewReply& reply, std::size_t maxBytes = maxAttachmentBytes);
 
 } // namespace quillmar::PreviewWriter

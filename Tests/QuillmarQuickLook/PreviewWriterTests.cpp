@@ -51,6 +51,32 @@ TEST(PreviewWriter, leavesWhatOnlyLooksLikeAReference) {
         EXPECT_EQ(pageOf(html), head + std::string(policy) + html);
 }
 
+TEST(PreviewWriter, replacesReferencesInEitherQuotationMarks) {
+    EXPECT_EQ(pageOf("<img SRC = 'cid:asset-0'>"),
+              std::string(head) + policy + "<img SRC = 'data:image/png;base64,Zm9v'>");
+}
+
+TEST(PreviewWriter, leavesReferencesThatThePageHasNoRoomFor) {
+    PreviewReply reply = replyOf("<img src=\"cid:asset-0\"><img src=\"cid:asset-0\"><img src=\"cid:asset-0\">");
+    const std::string url = "data:image/png;base64,Zm9v";
+    std::string expected = std::string(head) + policy;
+    for (const std::string& source : {url, url, std::string("cid:asset-0")})
+        expected.append("<img src=\"").append(source).append("\">");
+    EXPECT_EQ(selfContainedPage(reply, 2 * url.size()), expected);
+}
+
+TEST(PreviewWriter, turnsElementsThatNoPolicyStopsIntoText) {
+    EXPECT_EQ(pageOf("</head><p><META http-equiv=refresh><link rel=prefetch><base href=a><iframe src=b></p>"),
+              std::string(head) + policy +
+                  "</head><p>&lt;META http-equiv=refresh>&lt;link rel=prefetch>&lt;base href=a>&lt;iframe "
+                  "src=b></p>");
+}
+
+TEST(PreviewWriter, leavesTheHeadAndOtherElementsAsTheyAre) {
+    const std::string html = "<meta name=\"a\"></head><body><main><b>x</b><br></main><p>1 < 2</p></body>";
+    EXPECT_EQ(pageOf(html), head + std::string(policy) + html);
+}
+
 TEST(PreviewWriter, writesAFolderThatOtherProgramsRead) {
     const TemporaryFolder folder;
     PreviewReply reply = replyOf("<img src=\"cid:asset-0\">");
