@@ -4,35 +4,31 @@
 #include <optional>
 #include <string_view>
 #include <unordered_map>
+#include <vector>
 
 namespace quillmar::Markdown {
 
-/// Finds the ends of code spans in one text. A search that fails has read all runs to the end of the text: none
-/// of their lengths is searched for in vain again.
+/// Finds the ends of code spans in one text. The first search that fails notes where all runs are, so that no
+/// later one reads the text again.
 class Backticks {
 public:
     /// Another text begins; it must outlive the questions about it.
     void reset(std::string_view text);
 
-    /// The position of the next run of exactly \p run backticks at or behind \p from that ends at or before
-    /// \p limit.
+    /// The position of the next run of exactly \p run backticks at or behind \p from, which is not inside a
+    /// run, that ends at or before \p limit.
     std::optional<std::size_t> closing(std::size_t from, std::size_t run, std::size_t limit);
 
     /// Backticks at \p position, up to \p limit.
     std::size_t runAt(std::size_t position, std::size_t limit) const;
 
 private:
-    /// The first run of a length at or behind `from` is at `position`.
-    struct Known {
-        std::size_t from;
-        std::size_t position; ///< `npos` when there is none
-    };
-
-    std::size_t find(std::size_t from, std::size_t run);
+    std::optional<std::size_t> search(std::size_t from, std::size_t run, std::size_t limit) const;
+    void readAll();
 
     std::string_view text_;
-    std::unordered_map<std::size_t, Known> known_; ///< by length
-    std::size_t readToEndFrom_ = 0;                ///< lengths that are not known do not occur from here on
+    std::unordered_map<std::size_t, std::vector<std::size_t>> positions_; ///< of all runs, by length
+    bool isRead_ = false;
 };
 
 } // namespace quillmar::Markdown

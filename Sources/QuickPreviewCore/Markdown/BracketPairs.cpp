@@ -22,7 +22,13 @@ std::optional<BracketPairs::Closing> BracketPairs::closing(std::size_t open, std
         if (pair.close >= limit) return std::nullopt;
         return Closing{.position = pair.close, .walk = walk};
     };
-    for (std::size_t i = walks_.size(); i-- > 0 && walks_[i].limit == limit;)
+    // Walks of this part of the text that have ended may stand below one that goes on.
+    std::size_t first = walks_.size();
+    while (first > 0 && walks_[first - 1].limit == limit) --first;
+    const auto hasEnded = [open](const Walk& walk) { return walk.end <= open; };
+    walks_.erase(std::remove_if(walks_.begin() + static_cast<std::ptrdiff_t>(first), walks_.end(), hasEnded),
+                 walks_.end());
+    for (std::size_t i = walks_.size(); i-- > first;)
         if (const Pair* pair = find(walks_[i], open)) return answer(*pair, i);
     if (outerWalk < walks_.size())
         if (const Pair* pair = find(walks_[outerWalk], open)) return answer(*pair, outerWalk);
