@@ -1,5 +1,6 @@
 #include "Benchmarks/HostileMarkdown.h"
 
+#include <algorithm>
 #include <cmath>
 #include <string_view>
 
@@ -299,7 +300,21 @@ const Classes linksAndReferences{
     {"footnotes", repeated("[^a]: b\n")},
 };
 
+/// A link's text with runs of every length, whose partners all stand far behind it.
+std::string runsWithFarPartners(std::size_t bytes) {
+    const auto longest = static_cast<std::size_t>(std::sqrt(static_cast<double>(bytes) / 3));
+    std::string text = "x [";
+    for (std::size_t run = 2; run < longest; ++run)
+        text.append("<aa:").append(run, '`').append(">").append(run, '`').append("a");
+    text.append("](b)").append(times(longest * longest / 6, "`a"));
+    for (std::size_t run = 2; run < longest; ++run) text.append(run, '`').append("a");
+    text.resize(std::min(text.size(), bytes));
+    return text;
+}
+
 const Classes codeSpansAndAngles{
+    {"brackets that addresses hide from each other", repeated("[<aa:`>]", "x [<aa:`>")},
+    {"runs of backticks with far partners", runsWithFarPartners},
     {"backticks of one run", repeated("`")},
     {"backticks one by one", repeated("`a")},
     {"backticks by one and two", repeated("` `` ")},

@@ -27,6 +27,16 @@ TEST(HostileInline, bracketsWithoutPartnerAreText) {
     expectText(repeated("[", many) + repeated("][", many));
 }
 
+TEST(HostileInline, bracketsThatAddressesHideFromEachOtherAreText) {
+    // From each bracket on, the backtick in the address seems to begin code that holds the next bracket.
+    const std::string address = "<a href=\"#\">aa:`</a>";
+    std::string pair = "[";
+    pair.append(address).append("]");
+    std::string html = "x [";
+    html.append(address).append(repeated(pair, many / 5));
+    EXPECT_TRUE(sameText(rendered("x [<aa:`>" + repeated("[<aa:`>]", many / 5)), paragraph(html)));
+}
+
 TEST(HostileInline, unfinishedDestinationsAreText) {
     for (const std::string_view piece :
          {"[a](b", "[a](b(", "[a](b (c", "[a]( ", "[a](b\n", "[](", "[a](b c) "}) {
