@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <initializer_list>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -14,6 +15,17 @@ namespace quillmar {
 /// The HTML of \p markdown. Without \p resolveImage no local image is found.
 inline std::string rendered(std::string markdown, ImageResolver resolveImage = {}) {
     return MarkdownRenderer{std::move(resolveImage)}.render(std::move(markdown));
+}
+
+/// A text that is one paragraph.
+struct ParagraphCase {
+    std::string markdown;
+    std::string html; ///< inside the paragraph
+};
+
+inline void expectParagraphs(std::initializer_list<ParagraphCase> cases) {
+    for (const auto& [markdown, html] : cases)
+        EXPECT_EQ(rendered(markdown), std::string("<p>").append(html).append("</p>\n")) << markdown;
 }
 
 inline std::string repeated(std::string_view part, std::size_t times) {

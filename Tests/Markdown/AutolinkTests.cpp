@@ -13,16 +13,6 @@ std::string link(std::string_view href, std::string_view text) {
 
 std::string link(std::string_view url) { return link(url, url); }
 
-struct Case {
-    std::string markdown;
-    std::string html; ///< inside the paragraph
-};
-
-void expectParagraphs(std::initializer_list<Case> cases) {
-    for (const auto& [markdown, html] : cases)
-        EXPECT_EQ(rendered(markdown), std::string("<p>").append(html).append("</p>\n")) << markdown;
-}
-
 TEST(AngleAutolink, beginsWithAScheme) {
     for (const std::string url :
          {"https://a.b/c?d=e#f", "HTTP://A", "mailto:a@b.c", "tel:1", "ftp:", "http:*a*_b_"})

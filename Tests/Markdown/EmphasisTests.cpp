@@ -5,16 +5,6 @@
 namespace quillmar {
 namespace {
 
-struct Case {
-    std::string markdown;
-    std::string html; ///< inside the paragraph
-};
-
-void expectParagraphs(std::initializer_list<Case> cases) {
-    for (const auto& [markdown, html] : cases)
-        EXPECT_EQ(rendered(markdown), std::string("<p>").append(html).append("</p>\n")) << markdown;
-}
-
 TEST(Emphasis, ofOneCharacterIsEm) {
     expectParagraphs({{"*a*", "<em>a</em>"}, {"_a_", "<em>a</em>"}, {"a *b c* d", "a <em>b c</em> d"}});
 }

@@ -5,16 +5,6 @@
 namespace quillmar {
 namespace {
 
-struct Case {
-    std::string markdown;
-    std::string html; ///< inside the paragraph
-};
-
-void expectParagraphs(std::initializer_list<Case> cases) {
-    for (const auto& [markdown, html] : cases)
-        EXPECT_EQ(rendered(markdown), std::string("<p>").append(html).append("</p>\n")) << markdown;
-}
-
 /// The address that a link to \p destination gets, as markup; the whole paragraph when it is no link.
 std::string href(const std::string& destination) {
     std::string html = rendered("[a](" + destination + ")");
