@@ -1,4 +1,5 @@
 #include "Markdown/CaseFolding.h"
+#include "Markdown/Lines.h"
 #include "Markdown/NearbyByte.h"
 #include "Markdown/SanitizerPatterns.h"
 #include "Markdown/TextBoundaries.h"
@@ -62,8 +63,7 @@ std::size_t endBeforeLastLineBreak(std::string_view text) {
     if (text.ends_with("\r\n")) return text.size() - 2;
     if (text.empty()) return 0;
     const UTF8::CodePoint last = UTF8::codePointBefore(text, text.size());
-    constexpr std::u32string_view lineBreaks = U"\n\v\f\r\u0085\u2028\u2029";
-    return lineBreaks.find(last.value) == lineBreaks.npos ? text.size() : text.size() - last.length;
+    return isLineTerminator(last.value) ? text.size() - last.length : text.size();
 }
 
 /// Where the first closing tag of \p name from \p position on ends.
