@@ -12,22 +12,22 @@ protected:
     struct Arrived {
         std::string rest;
         std::size_t closed = 0;
-        std::optional<ListMarker> nextItem;
+        bool beginsItem = false;
     };
 
     Arrived enter(std::string_view text) {
         Line line(text);
         ThematicBreaks breaks(text);
         const Containers::Arrival arrival = containers_.enter(line, breaks);
-        EXPECT_EQ(arrival.endsBlock(), arrival.closed > 0 || arrival.nextItem);
-        return {.rest = std::string(line.text()), .closed = arrival.closed, .nextItem = arrival.nextItem};
+        EXPECT_EQ(arrival.endsBlock(), arrival.closed > 0 || arrival.beginsItem);
+        return {.rest = std::string(line.text()), .closed = arrival.closed, .beginsItem = arrival.beginsItem};
     }
 
     /// Lets \p text enter, which closes nothing; returns what is left of it.
     std::string inside(std::string_view text) {
         const Arrived arrived = enter(text);
         EXPECT_EQ(arrived.closed, 0U) << text;
-        EXPECT_FALSE(arrived.nextItem) << text;
+        EXPECT_FALSE(arrived.beginsItem) << text;
         return arrived.rest;
     }
 
@@ -119,9 +119,9 @@ TEST_F(ContainersTest, ofQuotesGoOnBehindTheirBlankLineWithTheirMarkers) {
 TEST_F(ContainersTest, ofListsTakeAnotherItem) {
     open("- a");
     const Arrived arrived = enter("-   b");
-    ASSERT_TRUE(arrived.nextItem);
+    ASSERT_TRUE(arrived.beginsItem);
     EXPECT_EQ(arrived.closed, 0U);
-    EXPECT_EQ(arrived.nextItem->content, "b");
+    EXPECT_EQ(arrived.rest, "b");
     EXPECT_EQ(inside("    c"), "c"); // the new item's column
     EXPECT_FALSE(isLoose(0));
 }
@@ -129,7 +129,7 @@ TEST_F(ContainersTest, ofListsTakeAnotherItem) {
 TEST_F(ContainersTest, ofListsForgetABlankLineWithTheNextItem) {
     open("- a");
     EXPECT_EQ(inside(""), "");
-    EXPECT_TRUE(enter("- b").nextItem);
+    EXPECT_TRUE(enter("- b").beginsItem);
     EXPECT_TRUE(isLoose(0));
     EXPECT_EQ(inside("c"), "c");
 }
@@ -146,7 +146,7 @@ TEST_F(ContainersTest, ofListsEndWhatAnItemHoldsAtTheNext) {
     open("> 1. b");
     const Arrived arrived = enter("- c");
     EXPECT_EQ(arrived.closed, 2U);
-    EXPECT_TRUE(arrived.nextItem);
+    EXPECT_TRUE(arrived.beginsItem);
     EXPECT_EQ(containers_.count(), 1U);
 }
 

@@ -17,7 +17,7 @@ protected:
         parser_.reset(text_);
     }
 
-    std::optional<LinkParser::Found> parse(std::size_t open) {
+    std::optional<Link> parse(std::size_t open) {
         return parser_.parseLink(open, text_.size(), BracketPairs::noWalk);
     }
 
@@ -27,10 +27,10 @@ protected:
         read(std::move(text));
         const auto found = parse(0);
         if (!found) return "(none)";
-        std::string described(found->link.text);
-        described.append(" > ").append(found->link.url);
-        if (found->link.title) described.append(" | ").append(*found->link.title);
-        if (found->link.end < text_.size()) described.append(", ").append(text_, found->link.end);
+        std::string described(found->text);
+        described.append(" > ").append(found->url);
+        if (found->title) described.append(" | ").append(*found->title);
+        if (found->end < text_.size()) described.append(", ").append(text_, found->end);
         return described;
     }
 
@@ -111,20 +111,20 @@ TEST_F(LinkParserTest, takesAShortcutForCompleteAtTheLimit) {
     read("[a](b)");
     const auto found = parser_.parseLink(0, 3, BracketPairs::noWalk);
     ASSERT_TRUE(found);
-    EXPECT_EQ(found->link.url, "c");
-    EXPECT_EQ(found->link.end, 3U);
+    EXPECT_EQ(found->url, "c");
+    EXPECT_EQ(found->end, 3U);
 }
 
 TEST_F(LinkParserTest, findsLinksInTheTextOfOthers) {
     read("[a [b](c) [d](e) f](g)");
     const auto outer = parse(0);
     ASSERT_TRUE(outer);
-    const std::size_t limit = 1 + outer->link.text.size();
+    const std::size_t limit = 1 + outer->text.size();
     const auto first = parser_.parseLink(3, limit, outer->walk);
     const auto second = parser_.parseLink(10, limit, outer->walk);
     ASSERT_TRUE(first && second);
-    EXPECT_EQ(first->link.url, "c");
-    EXPECT_EQ(second->link.url, "e");
+    EXPECT_EQ(first->url, "c");
+    EXPECT_EQ(second->url, "e");
 }
 
 TEST_F(LinkParserTest, doesNotReachOutOfTheTextOfALink) {
@@ -134,8 +134,8 @@ TEST_F(LinkParserTest, doesNotReachOutOfTheTextOfALink) {
     ASSERT_TRUE(outer);
     const auto inner = parser_.parseLink(3, 6, outer->walk);
     ASSERT_TRUE(inner); // a shortcut: the bracket behind it is the outer one's
-    EXPECT_EQ(inner->link.url, "c");
-    EXPECT_EQ(inner->link.end, 6U);
+    EXPECT_EQ(inner->url, "c");
+    EXPECT_EQ(inner->end, 6U);
 }
 
 TEST_F(LinkParserTest, findsLinksBehindBracketsThatAreText) {
@@ -145,7 +145,7 @@ TEST_F(LinkParserTest, findsLinksBehindBracketsThatAreText) {
     ASSERT_TRUE(parse(7));
     const auto last = parse(14);
     ASSERT_TRUE(last);
-    EXPECT_EQ(last->link.url, "f");
+    EXPECT_EQ(last->url, "f");
 }
 
 TEST_F(LinkParserTest, isNotLedAwayByBackticksInTagsAndAddresses) {
@@ -153,8 +153,8 @@ TEST_F(LinkParserTest, isNotLedAwayByBackticksInTagsAndAddresses) {
     ASSERT_TRUE(parse(0));
     const auto inner = parse(8);
     ASSERT_TRUE(inner);
-    EXPECT_EQ(inner->link.text, "b");
-    EXPECT_EQ(inner->link.url, "c");
+    EXPECT_EQ(inner->text, "b");
+    EXPECT_EQ(inner->url, "c");
 }
 
 TEST_F(LinkParserTest, readsOneTextAfterAnother) {

@@ -38,6 +38,14 @@ TEST(HTMLEscape, appendsBehindWhatIsThere) {
     EXPECT_EQ(html, "<p>a&amp;b");
 }
 
+TEST(HTMLEscape, treatsACharacterLikeATextOfOne) {
+    for (const char c : std::string_view("a&<>\"'\n\xC3")) {
+        std::string html = "x";
+        appendEscaped(html, c);
+        EXPECT_EQ(html, "x" + escape({&c, 1}));
+    }
+}
+
 TEST(HTMLCount, joinsTheNumberAndItsNoun) {
     const ScopedEnvironment english({{"LC_ALL", "C"}});
     EXPECT_EQ(count(1, "line"), "1 line");

@@ -4,9 +4,16 @@
 #include "Markdown/HTMLBlock.h"
 #include "Markdown/Headings.h"
 #include "Markdown/Interruption.h"
+#include "Markdown/MarkdownLimits.h"
 #include "Markdown/TaskItem.h"
 
+#include <algorithm>
+
 namespace quillmar::Markdown {
+
+BlockParser::BlockParser(std::string& buffer) : containers_(blocks_), open_(buffer, blocks_) {
+    blocks_.reserve(std::min(buffer.size() / 2, MarkdownLimits::blocksAhead));
+}
 
 void BlockParser::add(std::string_view line) {
     Line rest(line);
@@ -14,13 +21,13 @@ void BlockParser::add(std::string_view line) {
     const Containers::Arrival arrival = containers_.enter(rest, breaks);
     if (arrival.endsBlock()) open_.close();
     pushClose(arrival.closed);
-    if (arrival.nextItem) rest = beginItem(*arrival.nextItem);
+    if (arrival.beginsItem) beginItem(rest);
     if (open_.isOpen() && open_.take(rest, breaks)) return;
     begin(rest, breaks);
 }
 
 /// What \p line begins; inside a quote or an item the same again with the rest.
-void BlockParser::begin(Line line, ThematicBreaks& breaks) {
+void BlockParser::begin(Line& line, ThematicBreaks& breaks) {
     while (!line.isBlank()) {
         if (line.isIndentedAsCode()) return open_.openIndentedCode(line, containers_.isInItem());
         if (!mayBeginBlock(line)) return open_.openParagraph(line);
@@ -41,16 +48,29 @@ void BlockParser::begin(Line line, ThematicBreaks& breaks) {
         }
         const auto marker = ListMarker::parse(line);
         if (!marker) return beginLeaf(line);
-        line = openList(*marker);
+        openList(*marker);
+        line = Line(marker->content);
+        beginItem(line);
     }
 }
 
 /// What holds no blocks of its own.
 void BlockParser::beginLeaf(const Line& line) {
-    if (const auto fence = Fence::parse(line.text()))
-        return open_.openFencedCode(line, *fence, containers_.isInItem());
-    if (const auto heading = ATXHeading::parse(line)) return open_.addHeading(heading->level, heading->text);
-    if (isHTMLBlock(line)) return open_.openHTML(line, containers_.isInItem());
+    switch (line.first()) {
+    case '`':
+    case '~':
+        if (const auto fence = Fence::parse(line.text()))
+            return open_.openFencedCode(line, *fence, containers_.isInItem());
+        break;
+    case '#':
+        if (const auto heading = ATXHeading::parse(line))
+            return open_.addHeading(heading->level, heading->text);
+        break;
+    case '<':
+        if (isHTMLBlock(line)) return open_.openHTML(line, containers_.isInItem());
+        break;
+    default: break;
+    }
     open_.openParagraph(line);
 }
 
@@ -60,24 +80,22 @@ void BlockParser::openQuote(const Line& rest) {
     ++blocks_.back().number;
 }
 
-/// Returns what its first item begins with.
-Line BlockParser::openList(const ListMarker& marker) {
+void BlockParser::openList(const ListMarker& marker) {
     containers_.openList(marker, blocks_.size());
     Block& list = push(BlockKind::list);
     list.isOrdered = marker.ordered;
     list.number = marker.start;
-    return beginItem(marker);
 }
 
-/// Returns what the item begins with.
-Line BlockParser::beginItem(const ListMarker& marker) {
+/// Takes the checkbox from \p line, which the item begins with.
+void BlockParser::beginItem(Line& line) {
     Block& item = push(BlockKind::item);
-    const auto task = TaskItem::parse(marker.content);
-    if (!task) return Line(marker.content);
+    const auto task = TaskItem::parse(line.text());
+    if (!task) return;
     item.hasTask = true;
     item.isChecked = task->checked;
     containers_.noteTask();
-    return Line(task->text);
+    line = Line(task->text);
 }
 
 Block& BlockParser::push(BlockKind kind) {

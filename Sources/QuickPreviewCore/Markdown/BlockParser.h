@@ -16,7 +16,7 @@ class BlockParser {
 public:
     /// \p buffer is the document, whose lines are moved together as they are read. The blocks are views into
     /// it.
-    explicit BlockParser(std::string& buffer) : containers_(blocks_), open_(buffer, blocks_) {}
+    explicit BlockParser(std::string& buffer);
     BlockParser(const BlockParser&) = delete;
     BlockParser& operator=(const BlockParser&) = delete;
 
@@ -34,13 +34,13 @@ public:
     void clear() { blocks_.clear(); }
 
 private:
-    void begin(Line line, ThematicBreaks& breaks);
+    void begin(Line& line, ThematicBreaks& breaks);
     void beginLeaf(const Line& line);
-    Line beginItem(const ListMarker& marker);
+    void beginItem(Line& line);
     Block& push(BlockKind kind);
     void pushClose(std::size_t count);
     void openQuote(const Line& rest);
-    Line openList(const ListMarker& marker);
+    void openList(const ListMarker& marker);
 
     std::vector<Block> blocks_;
     Containers containers_;

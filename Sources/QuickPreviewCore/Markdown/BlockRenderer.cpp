@@ -6,6 +6,7 @@
 #include "Support/HTML.h"
 
 #include <algorithm>
+#include <array>
 
 namespace quillmar::Markdown {
 namespace {
@@ -24,12 +25,18 @@ void appendCodeBlock(std::string& html, std::string_view lines, std::string_view
     html += "</code></pre>\n";
 }
 
-/// Bytes of markup that the block brings with it, about: room is made once for the whole document.
-std::size_t markupBytes(const Block& block) {
-    constexpr std::size_t quoteBytes = 28; // "<blockquote>\n" and "</blockquote>\n"
-    constexpr std::size_t otherBytes = 20;
-    return block.kind == BlockKind::quotes ? quoteBytes * block.number : otherBytes;
-}
+struct HeadingTags {
+    std::string_view opening; ///< up to the identifier
+    std::string_view closing;
+};
+
+/// By the level, from 1 on.
+constexpr std::array<HeadingTags, 6> headingTags{{{"<h1 id=\"", "</h1>\n"},
+                                                  {"<h2 id=\"", "</h2>\n"},
+                                                  {"<h3 id=\"", "</h3>\n"},
+                                                  {"<h4 id=\"", "</h4>\n"},
+                                                  {"<h5 id=\"", "</h5>\n"},
+                                                  {"<h6 id=\"", "</h6>\n"}}};
 
 } // namespace
 
@@ -38,15 +45,7 @@ BlockRenderer::BlockRenderer(std::string& html, const std::string& document, Lin
     : html_(html), document_(document), identifiers_(identifiers), resolveImage_(resolveImage),
       inlines_(references, resolveImage) {}
 
-/// Makes room once for all, more than a page is likely to need: memory that is not written costs nothing.
-void BlockRenderer::reserve(std::span<const Block> blocks) {
-    std::size_t bytes = html_.size();
-    for (const Block& block : blocks) bytes += block.size + block.size / 8 + markupBytes(block);
-    if (bytes > html_.capacity()) html_.reserve(std::max(bytes, 2 * html_.capacity()));
-}
-
 void BlockRenderer::append(std::span<const Block> blocks) {
-    reserve(blocks);
     for (const Block& block : blocks) append(block);
 }
 
@@ -70,16 +69,12 @@ void BlockRenderer::append(const Block& block) {
 }
 
 void BlockRenderer::appendHeading(const Block& block) {
-    const char level = static_cast<char>('0' + block.level);
-    html_ += "<h";
-    html_ += level;
-    html_ += " id=\"";
+    const HeadingTags& tags = headingTags.at(block.level - 1U);
+    html_ += tags.opening;
     html_ += identifiers_.slug(text(block));
     html_ += "\">";
     inlines_.append(html_, text(block));
-    html_ += "</h";
-    html_ += level;
-    html_ += ">\n";
+    html_ += tags.closing;
 }
 
 bool BlockRenderer::isInTightItem() const {

@@ -34,7 +34,6 @@ private:
         bool hasItem = false;
     };
 
-    void reserve(std::span<const Block> blocks);
     void append(const Block& block);
     void appendHeading(const Block& block);
     void appendParagraph(std::string_view text);

@@ -46,7 +46,7 @@ std::optional<Containers::Arrival> Containers::enterQuotes(std::size_t& depth, L
         if (line.isBlank()) {
             const std::size_t closed = close(depth, entered);
             blankFrom_ = depth + 1;
-            return Arrival{.closed = closed, .nextItem = std::nullopt};
+            return Arrival{.closed = closed};
         }
         if (interrupts(line, breaks)) return refused(depth, entered);
         const bool innermostSawBlank = blankFrom_ == depth + 1;
@@ -71,7 +71,7 @@ std::optional<Containers::Arrival> Containers::enterList(std::size_t& depth, Lin
     const auto marker = ListMarker::parse(line);
     if (marker && !breaks.isThematicBreak(line)) {
         const bool isNoDeeper = marker->indent <= list.indent;
-        if (isNoDeeper && list.isContinuedBy(*marker)) return beginItem(depth, *marker);
+        if (isNoDeeper && list.isContinuedBy(*marker)) return beginItem(depth, *marker, line);
         if (isNoDeeper || marker->indent < nestingIndent) return refused(depth, 0);
         line.dropIndentation(line.indentation());
         ++depth;
@@ -90,22 +90,23 @@ Containers::Arrival Containers::enterBlank(std::size_t depth) {
     const auto quotes = std::lower_bound(quoteEntries_.begin(), quoteEntries_.end(), depth);
     const std::size_t closed = quotes == quoteEntries_.end() ? 0 : close(*quotes, 0);
     blankFrom_ = depth;
-    return {.closed = closed, .nextItem = std::nullopt};
+    return {.closed = closed};
 }
 
-Containers::Arrival Containers::beginItem(std::size_t depth, const ListMarker& marker) {
+Containers::Arrival Containers::beginItem(std::size_t depth, const ListMarker& marker, Line& line) {
     Entry& list = entries_[depth];
     if (blankFrom_ <= depth) blocks_[list.number].isLoose = true;
     const std::size_t closed = depth + 1 < entries_.size() ? close(depth + 1, 0) : 0;
     blankFrom_ = none;
     list.setItem(marker);
-    return {.closed = closed, .nextItem = marker};
+    line = Line(marker.content);
+    return {.closed = closed, .beginsItem = true};
 }
 
 Containers::Arrival Containers::refused(std::size_t depth, std::size_t keptQuotes) {
     const std::size_t closed = close(depth, keptQuotes);
     noteText();
-    return {.closed = closed, .nextItem = std::nullopt};
+    return {.closed = closed};
 }
 
 /// Closes the entries from \p depth on, but for \p keptQuotes of the quotes there.

@@ -25,9 +25,9 @@ public:
 
     /// What a line does to the containers that were open before it.
     struct Arrival {
-        std::size_t closed = 0;             ///< quotes and lists that it ends, the innermost ones
-        std::optional<ListMarker> nextItem; ///< it begins a further item of the list that is then the innermost
-        bool endsBlock() const { return closed > 0 || nextItem; }
+        std::size_t closed = 0;  ///< quotes and lists that it ends, the innermost ones
+        bool beginsItem = false; ///< a further one of the list that is then the innermost
+        bool endsBlock() const { return closed > 0 || beginsItem; }
     };
 
     /// Strips from \p line what its containers take. \p breaks is of the same line.
@@ -70,7 +70,7 @@ private:
     std::optional<Arrival> enterList(std::size_t& depth, Line& line, ThematicBreaks& breaks);
     Arrival enterBlank(std::size_t depth);
 
-    Arrival beginItem(std::size_t depth, const ListMarker& marker);
+    Arrival beginItem(std::size_t depth, const ListMarker& marker, Line& line);
     Arrival refused(std::size_t depth, std::size_t keptQuotes);
     std::size_t close(std::size_t depth, std::size_t keptQuotes);
     std::size_t firstThatSawBlank(std::size_t depth) const;

@@ -15,16 +15,14 @@ using namespace SanitizerPatterns;
 Range rangeOf(const Range& match) { return match; }
 Range rangeOf(const ScriptURL& match) { return match.range; }
 
-/// \p text with every match of the scanner \p next replaced by what \p append writes for it; none when there is
-/// no match, so that nothing is copied in vain.
-template <typename Next, typename Append>
-std::optional<std::string> replacingMatches(std::string_view text, Next next, Append append) {
-    auto match = next(text, 0);
-    if (!match) return std::nullopt;
+/// \p text with \p first, a match of the scanner \p next, and every match behind it replaced by what \p append
+/// writes for it.
+template <typename Match, typename Next, typename Append>
+std::string replacingMatches(std::string_view text, const Match& first, Next next, Append append) {
     std::string result;
     result.reserve(text.size());
     std::size_t copied = 0;
-    for (; match; match = next(text, copied)) {
+    for (std::optional<Match> match = first; match; match = next(text, copied)) {
         const Range range = rangeOf(*match);
         result.append(text, copied, range.start - copied);
         append(result, *match);
@@ -55,23 +53,27 @@ void appendImageTag(std::string& html, std::string_view tag, const ImageResolver
 } // namespace
 
 std::string sanitizeHTML(std::string_view html, const ImageResolver& resolveImage) {
-    std::optional<std::string> rewritten;
+    std::string rewritten;
+    std::string_view text = html;
     const auto pass = [&](auto next, auto append) {
-        if (auto text = replacingMatches(rewritten ? *rewritten : html, next, append))
-            rewritten = std::move(text);
+        const auto first = next(text, 0);
+        if (!first) return; // most of the time, so nothing is copied in vain
+        rewritten = replacingMatches(text, *first, next, append);
+        text = rewritten;
     };
     const auto appendNothing = [](std::string&, const Range&) {};
     pass(nextBlockedElement, appendNothing);
     pass(nextBlockedTag, appendNothing);
-    pass(nextEventAttribute, appendNothing);
-    pass(nextScriptURL, [](std::string& result, const ScriptURL& url) {
-        result.append(url.name).append("=").append(url.quote).append("#blocked:");
-    });
+    if (text.find('=') != text.npos) {
+        pass(nextEventAttribute, appendNothing);
+        pass(nextScriptURL, [](std::string& result, const ScriptURL& url) {
+            result.append(url.name).append("=").append(url.quote).append("#blocked:");
+        });
+    }
     pass(nextImageTag, [&](std::string& result, const Range& tag) {
-        const std::string_view text = rewritten ? *rewritten : html;
         appendImageTag(result, text.substr(tag.start, tag.end - tag.start), resolveImage);
     });
-    return rewritten ? std::move(*rewritten) : std::string(html);
+    return std::string(text);
 }
 
 } // namespace quillmar::Markdown

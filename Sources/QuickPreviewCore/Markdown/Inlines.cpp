@@ -161,7 +161,7 @@ void Inlines::State::step() {
 }
 
 void Inlines::State::appendCharacter() {
-    HTML::appendEscaped(*html, text.substr(position, 1));
+    HTML::appendEscaped(*html, text[position]);
     ++position;
 }
 
@@ -204,26 +204,25 @@ bool Inlines::State::image() {
     if (bracket >= part.end || text[bracket] != '[') return false;
     const auto found = links.parseLink(bracket, part.end, part.walk);
     if (!found) return false;
-    appendImage(*html, found->link, resolveImage);
-    position = found->link.end;
+    appendImage(*html, *found, resolveImage);
+    position = found->end;
     return true;
 }
 
 bool Inlines::State::link() {
-    const auto found = links.parseLink(position, part.end, part.walk);
-    if (!found) return false;
-    const Link& link = found->link;
+    const auto link = links.parseLink(position, part.end, part.walk);
+    if (!link) return false;
     *html += "<a href=\"";
-    appendSafeURL(*html, link.url);
-    if (link.title) {
+    appendSafeURL(*html, link->url);
+    if (link->title) {
         *html += "\" title=\"";
-        HTML::appendEscaped(*html, *link.title);
+        HTML::appendEscaped(*html, *link->title);
     }
     *html += "\">";
     emphasis.beginLinkText();
     parts.push_back(part);
     const std::size_t begin = position + 1;
-    part = {.begin = begin, .end = begin + link.text.size(), .resumeAt = link.end, .walk = found->walk};
+    part = {.begin = begin, .end = begin + link->text.size(), .resumeAt = link->end, .walk = link->walk};
     position = begin;
     return true;
 }

@@ -11,7 +11,8 @@ struct Link {
     std::string_view text; ///< what the brackets hold, raw
     std::string_view url;
     std::optional<std::string_view> title;
-    std::size_t end = 0; ///< position behind it
+    std::size_t end = 0;  ///< position behind it
+    std::size_t walk = 0; ///< by which its brackets were found (see `BracketPairs`)
 };
 
 } // namespace quillmar::Markdown

@@ -9,52 +9,43 @@ void LinkParser::reset(std::string_view text) {
     closingBracket_.reset();
 }
 
-std::optional<LinkParser::Found> LinkParser::parseLink(std::size_t open, std::size_t limit,
-                                                       std::size_t outerWalk) {
+std::optional<Link> LinkParser::parseLink(std::size_t open, std::size_t limit, std::size_t outerWalk) {
     const std::size_t firstClosing = closingBracket_.find(text_, open);
     if (firstClosing >= limit) return std::nullopt;
     const auto closing = brackets_.closing(open, limit, outerWalk);
     if (!closing) return std::nullopt;
-    const std::string_view linkText = text_.substr(open + 1, closing->position - open - 1);
+    const Text text{.raw = text_.substr(open + 1, closing->position - open - 1), .walk = closing->walk};
     const std::size_t next = closing->position + 1;
     const char follows = next < limit ? text_[next] : '\0';
     // No label holds a "]": the outer ones of nested brackets are not looked up.
     const bool mayBeLabel = firstClosing == closing->position;
-    std::optional<Link> link;
-    if (follows == '(') {
-        link = inlineLink(linkText, next, limit);
-    } else if (follows == '[') {
-        link = fullReference(linkText, mayBeLabel, next, limit);
-    } else {
-        if (mayBeLabel) link = reference(linkText, linkText, next);
-    }
-    if (!link) return std::nullopt;
-    return Found{.link = *link, .walk = closing->walk};
+    if (follows == '(') return inlineLink(text, next, limit);
+    if (follows == '[') return fullReference(text, mayBeLabel, next, limit);
+    return mayBeLabel ? reference(text, text.raw, next) : std::nullopt;
 }
 
-std::optional<Link> LinkParser::inlineLink(std::string_view linkText, std::size_t parenthesis,
-                                           std::size_t limit) {
+std::optional<Link> LinkParser::inlineLink(const Text& text, std::size_t parenthesis, std::size_t limit) {
     const auto target = destinations_.parse(parenthesis, limit);
     if (!target) return std::nullopt;
-    return Link{.text = linkText, .url = target->url, .title = target->title, .end = target->end};
+    return Link{
+        .text = text.raw, .url = target->url, .title = target->title, .end = target->end, .walk = text.walk};
 }
 
 /// The label stands in the brackets from \p bracket on; when they are empty, the link's text is the label.
-std::optional<Link> LinkParser::fullReference(std::string_view linkText, bool textMayBeLabel,
-                                              std::size_t bracket, std::size_t limit) {
+std::optional<Link> LinkParser::fullReference(const Text& text, bool textMayBeLabel, std::size_t bracket,
+                                              std::size_t limit) {
     const std::size_t close = text_.find(']', bracket + 1);
     if (close >= limit) return std::nullopt;
     const std::string_view label = text_.substr(bracket + 1, close - bracket - 1);
-    if (!label.empty()) return reference(linkText, label, close + 1);
-    return textMayBeLabel ? reference(linkText, linkText, close + 1) : std::nullopt;
+    if (!label.empty()) return reference(text, label, close + 1);
+    return textMayBeLabel ? reference(text, text.raw, close + 1) : std::nullopt;
 }
 
-std::optional<Link> LinkParser::reference(std::string_view linkText, std::string_view label, std::size_t end) {
+std::optional<Link> LinkParser::reference(const Text& text, std::string_view label, std::size_t end) {
     const LinkReferences::Definition* definition = references_.resolve(label);
     if (definition == nullptr) return std::nullopt;
-    Link link{.text = linkText, .url = definition->url, .title = std::nullopt, .end = end};
-    if (definition->title) link.title = *definition->title;
-    return link;
+    return Link{
+        .text = text.raw, .url = definition->url, .title = definition->title, .end = end, .walk = text.walk};
 }
 
 } // namespace quillmar::Markdown

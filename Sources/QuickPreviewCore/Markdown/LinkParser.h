@@ -22,20 +22,21 @@ public:
     /// Another text begins; it must outlive the links in it.
     void reset(std::string_view text);
 
-    struct Found {
-        Link link;
-        std::size_t walk; ///< for the links in this one's text
-    };
-
     /// The link whose "[" stands at \p open; none when the bracket is text. \p limit and \p outerWalk are those
     /// of the text that holds it: the whole, or a link's. Questions go from left to right.
-    std::optional<Found> parseLink(std::size_t open, std::size_t limit, std::size_t outerWalk);
+    std::optional<Link> parseLink(std::size_t open, std::size_t limit, std::size_t outerWalk);
 
 private:
-    std::optional<Link> inlineLink(std::string_view linkText, std::size_t parenthesis, std::size_t limit);
-    std::optional<Link> fullReference(std::string_view linkText, bool textMayBeLabel, std::size_t bracket,
+    /// What the brackets hold, and the walk by which they were found.
+    struct Text {
+        std::string_view raw;
+        std::size_t walk;
+    };
+
+    std::optional<Link> inlineLink(const Text& text, std::size_t parenthesis, std::size_t limit);
+    std::optional<Link> fullReference(const Text& text, bool textMayBeLabel, std::size_t bracket,
                                       std::size_t limit);
-    std::optional<Link> reference(std::string_view linkText, std::string_view label, std::size_t end);
+    std::optional<Link> reference(const Text& text, std::string_view label, std::size_t end);
 
     LinkReferences& references_;
     BracketPairs brackets_;

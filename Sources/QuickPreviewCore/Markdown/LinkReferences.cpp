@@ -6,6 +6,7 @@
 #include "Platform/Text.h"
 #include "Platform/UTF8.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace quillmar {
@@ -76,6 +77,12 @@ std::optional<Parts> definitionParts(std::string_view line, std::size_t bracket)
     return parts;
 }
 
+/// True for most labels that are: one word of letters and digits.
+bool isNormalized(std::string_view label) {
+    return std::all_of(label.begin(), label.end(),
+                       [](char c) { return (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') || c == '-'; });
+}
+
 std::string_view withoutAngleBrackets(std::string_view url) {
     if (url.starts_with('<') && url.ends_with('>')) return url.substr(1, url.size() - 2);
     return url;
@@ -120,7 +127,8 @@ bool LinkReferences::collect(std::string_view line) {
 
 const LinkReferences::Definition* LinkReferences::resolve(std::string_view label) {
     if (definitions_.empty()) return nullptr;
-    const std::optional<std::size_t> number = labels_.find(Markdown::normalizeLabel(label));
+    const std::optional<std::size_t> number =
+        isNormalized(label) ? labels_.find(label) : labels_.find(Markdown::normalizeLabel(label));
     if (!number) return nullptr;
     const Definition& definition = definitions_[*number];
     const std::size_t bytes = definition.url.size() + (definition.title ? definition.title->size() : 0);

@@ -26,4 +26,14 @@ inline constexpr std::size_t maxPaddingCells = 262'144;
 /// can repeat a definition of a megabyte.
 inline constexpr std::size_t maxResolvedReferenceBytes = 4'194'304;
 
+// Room is made once, at the start, for nearly all documents: memory that is not written costs nothing, but
+// moving what has grown does.
+
+/// Bytes of HTML for a byte of text. The most is 27, for quotes in quotes.
+inline constexpr std::size_t likelyGrowth = 12;
+/// Bytes of HTML for which room is made.
+inline constexpr std::size_t roomAhead = 33'554'432;
+/// Blocks for which room is made; a document has at most one for every other byte or so.
+inline constexpr std::size_t blocksAhead = 1'048'576;
+
 } // namespace quillmar::MarkdownLimits

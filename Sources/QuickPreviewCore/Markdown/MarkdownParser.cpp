@@ -6,6 +6,8 @@
 #include "Markdown/Lines.h"
 #include "Markdown/MarkdownLimits.h"
 
+#include <algorithm>
+
 namespace quillmar {
 
 std::string MarkdownParser::document(std::string markdown) {
@@ -17,6 +19,7 @@ std::string MarkdownParser::document(std::string markdown) {
 void MarkdownParser::appendDocument(std::string& html, std::string markdown) {
     std::string text = Markdown::normalizedLines(std::move(markdown));
     if (text.size() > MarkdownLimits::maxTextBytes) text.resize(MarkdownLimits::maxTextBytes);
+    html.reserve(html.size() + std::min(text.size() * MarkdownLimits::likelyGrowth, MarkdownLimits::roomAhead));
     std::size_t start = 0;
     if (const auto frontMatter = Markdown::frontMatter(text)) {
         html += frontMatter->html;

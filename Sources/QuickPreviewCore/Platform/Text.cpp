@@ -59,8 +59,9 @@ std::string canonicalForm(std::string text) {
     if (text.size() > maxCanonicalBytes || UTF8::isASCII(text)) return text;
     UErrorCode status = U_ZERO_ERROR;
     const icu::Normalizer2* nfc = icu::Normalizer2::getNFCInstance(status);
-    if (U_FAILURE(status) || nfc->isNormalizedUTF8(text, status) != 0) return text;
+    if (U_FAILURE(status)) return text;
     std::string normalized;
+    normalized.reserve(text.size());
     icu::StringByteSink<std::string> sink(&normalized);
     nfc->normalizeUTF8(0, text, sink, nullptr, status);
     return U_SUCCESS(status) ? normalized : text;

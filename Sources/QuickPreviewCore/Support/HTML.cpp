@@ -83,6 +83,15 @@ void appendEscaped(std::string& html, std::string_view text) {
     appendBlock(html, text.substr(i));
 }
 
+void appendEscaped(std::string& html, char character) {
+    const std::string_view special = reference(character);
+    if (special.empty()) {
+        html.push_back(character);
+    } else {
+        html.append(special);
+    }
+}
+
 std::string escape(std::string_view text) {
     std::string html;
     html.reserve(text.size());

@@ -14,6 +14,7 @@ std::string escape(std::string_view text);
 
 /// The same, appended to \p html.
 void appendEscaped(std::string& html, std::string_view text);
+void appendEscaped(std::string& html, char character);
 
 /// "1 line", "0 lines", "2 entries": \p n as the user's locale writes it, and the noun. Without \p plural the
 /// plural is \p singular and "s".
