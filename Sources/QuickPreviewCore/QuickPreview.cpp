@@ -2,10 +2,12 @@
 
 #include "Archives/ArchiveError.h"
 #include "Archives/ArchiveReader.h"
+#include "Folder/FolderSummarizer.h"
 #include "Markdown/DocumentImages.h"
 #include "Markdown/MarkdownLimits.h"
 #include "Markdown/MarkdownParser.h"
 #include "Pages/ArchivePage.h"
+#include "Pages/FolderPage.h"
 #include "Pages/MessagePage.h"
 #include "Pages/PageTemplate.h"
 #include "Pages/TextPage.h"
@@ -18,7 +20,6 @@
 #include <algorithm>
 #include <array>
 #include <new>
-#include <stdexcept>
 
 namespace quillmar::QuickPreview {
 namespace {
@@ -44,6 +45,9 @@ constexpr std::size_t maxTextBytes = 524'288;
 
 /// Seconds in which an archive is listed; what was read until then is shown.
 constexpr double archiveBudget = 2.0;
+
+/// Seconds in which a folder is measured; what was counted until then is shown.
+constexpr double folderBudget = 1.5;
 
 /// Bytes that are searched for a zero, which no text holds.
 constexpr std::size_t binaryTestBytes = 8'192;
@@ -140,7 +144,7 @@ Page page(const FileURL& url, PreviewAssets& assets) {
     const auto values = resourceValues(url);
     const auto type = values ? values->contentType : std::nullopt;
     if (values && values->isDirectory && !values->isPackage)
-        throw std::runtime_error("Folders can't be previewed yet.");
+        return {FolderPage::html(FolderSummarizer::summarize(url, folderBudget), assets), listingSize};
     if (isMarkdown(url, type)) return {markdown(url, assets), markdownSize};
     const std::int64_t archiveSize = values ? values->fileSize.value_or(0) : 0;
     auto content = archiveContent(url);

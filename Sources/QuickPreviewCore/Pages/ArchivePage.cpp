@@ -1,6 +1,7 @@
 #include "Pages/ArchivePage.h"
 
 #include "Pages/ArchiveTree.h"
+#include "Pages/ListingRow.h"
 #include "Pages/PageTemplate.h"
 #include "Pages/TreeRenderer.h"
 #include "Platform/ByteCountFormat.h"
@@ -65,21 +66,18 @@ std::string figures(const ArchiveStats& stats, std::int64_t archiveSize) {
                                 {"Items", formattedInteger(stats.files + stats.folders)}});
 }
 
-std::string notice(std::string_view text) { return "<p class=\"notice\">" + HTML::escape(text) + "</p>"; }
-
 std::string incompleteNotice(std::size_t entriesRead) {
-    return notice("Showing the first " + HTML::count(static_cast<std::int64_t>(entriesRead), "item") +
-                  ". The rest of the archive couldn't be read in time, or is damaged.");
+    return PageTemplate::notice("Showing the first " +
+                                HTML::count(static_cast<std::int64_t>(entriesRead), "item") +
+                                ". The rest of the archive couldn't be read in time, or is damaged.");
 }
 
 void appendList(std::string& html, const ArchiveTree& tree, bool openAll, PreviewAssets& assets) {
-    html += "<div class=\"list tree\"><div class=\"row heading\"><span>Name</span>"
-            "<span class=\"size\">Size</span><span class=\"date\">Modified</span></div>";
+    html += "<div class=\"list tree\">";
+    html += ListingRow::heading;
     TreeRenderer renderer(tree, assets, openAll);
     renderer.appendRows(html);
-    if (renderer.omittedCount() > 0)
-        html += "<div class=\"row\"><span class=\"muted\">and " +
-                HTML::escape(HTML::count(renderer.omittedCount(), "more item")) + "</span></div>";
+    ListingRow::appendOmitted(html, renderer.omittedCount());
     html += "</div>";
 }
 
@@ -100,7 +98,7 @@ std::string html(const ArchiveListing& listing, const FileURL& url, std::int64_t
     html += PageTemplate::composition(tree.breakdown());
     if (!listing.isComplete || entriesRead < listing.entries.size()) html += incompleteNotice(entriesRead);
     if (items == 0)
-        html += notice("This archive is empty.");
+        html += PageTemplate::notice("This archive is empty.");
     else
         appendList(html, tree, items <= maxOpenItems, assets);
     html += "</div>";

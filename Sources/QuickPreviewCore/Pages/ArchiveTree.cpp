@@ -6,9 +6,9 @@
 #include "Platform/UTF8.h"
 #include "Platform/UniformType.h"
 #include "Support/SaturatingSum.h"
+#include "Support/TypesByExtension.h"
 
 #include <algorithm>
-#include <map>
 
 namespace quillmar {
 namespace {
@@ -39,20 +39,6 @@ std::string_view canonicalName(std::string_view name, std::string& room) {
 }
 
 bool isApplicationBundle(const ArchiveNode& node) { return node.isDirectory && node.name.ends_with(".app"); }
-
-/// Kinds by extension, each looked up once. Ordered, not hashed: nobody can choose extensions that collide.
-class KindsByExtension {
-public:
-    FileKind ofName(std::string_view name) {
-        const std::string_view extension = pathExtension(name);
-        const auto [known, isNew] = kinds_.try_emplace(extension, FileKind::other);
-        if (isNew && !extension.empty()) known->second = fileKind(UniformType::ofFile(extension), false);
-        return known->second;
-    }
-
-private:
-    std::map<std::string_view, FileKind> kinds_;
-};
 
 } // namespace
 
@@ -163,26 +149,18 @@ ArchiveStats ArchiveTree::stats() const {
             .encrypted = whole.isEncrypted};
 }
 
-std::vector<PageTemplate::CompositionPart> ArchiveTree::breakdown() const {
-    std::vector<PageTemplate::CompositionPart> parts;
-    parts.reserve(allFileKinds.size());
-    for (const FileKind kind : allFileKinds) parts.push_back({.kind = kind});
-
-    KindsByExtension kinds;
+std::vector<CompositionPart> ArchiveTree::breakdown() const {
+    Composition composition;
+    TypesByExtension types;
     std::vector<bool> isClosed(nodes_.size()); // bundles and what is in them
     for (std::size_t i = 1; i < nodes_.size(); ++i) {
         const ArchiveNode& node = nodes_[i];
         const bool isInBundle = isClosed[node.parent];
         isClosed[i] = isInBundle || isApplicationBundle(node);
         if (isInBundle || (node.isDirectory && !isClosed[i])) continue;
-        auto& part = parts[static_cast<std::size_t>(kinds.ofName(node.name))];
-        part.size = saturatingSum(part.size, node.size);
-        ++part.count;
+        composition.add(types.ofName(node.name).kind, node.size);
     }
-
-    std::erase_if(parts, [](const auto& part) { return part.count == 0; });
-    std::ranges::stable_sort(parts, std::ranges::greater(), &PageTemplate::CompositionPart::size);
-    return parts;
+    return composition.parts();
 }
 
 } // namespace quillmar

@@ -4,7 +4,7 @@
 #include "Archives/ArchiveLimits.h"
 #include "Pages/ArchiveNode.h"
 #include "Pages/ChildTable.h"
-#include "Pages/PageTemplate.h"
+#include "Support/Composition.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -54,7 +54,7 @@ public:
     ArchiveStats stats() const;
 
     /// Unpacked bytes by kind, the largest first. An application bundle (a folder "*.app") is one item.
-    std::vector<PageTemplate::CompositionPart> breakdown() const;
+    std::vector<CompositionPart> breakdown() const;
 
 private:
     /// One component of the path that was inserted last.

@@ -27,4 +27,16 @@ void appendName(std::string& html, std::string_view name) {
     if (shown < name.size()) html += "…";
 }
 
+void appendDate(std::string& html, const std::optional<Timestamp>& date) {
+    if (!date) return;
+    if (const auto text = formattedDate(*date)) HTML::appendEscaped(html, *text);
+}
+
+void appendOmitted(std::string& html, std::int64_t count) {
+    if (count == 0) return;
+    html += "<div class=\"row\"><span class=\"muted\">and ";
+    HTML::appendEscaped(html, HTML::count(count, "more item"));
+    html += "</span></div>";
+}
+
 } // namespace quillmar::ListingRow

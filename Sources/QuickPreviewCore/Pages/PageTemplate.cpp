@@ -90,6 +90,8 @@ std::string hero(std::string_view value, std::string_view caption) {
            "</span></div>";
 }
 
+std::string notice(std::string_view text) { return "<p class=\"notice\">" + HTML::escape(text) + "</p>"; }
+
 std::string composition(const std::vector<CompositionPart>& parts) {
     std::int64_t total = 0;
     std::vector<CompositionPart> shown;

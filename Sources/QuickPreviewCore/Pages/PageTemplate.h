@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Support/FileKind.h"
+#include "Support/Composition.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -12,14 +12,6 @@
 
 /// The pieces that every page shares. Arguments are plain text and escaped here, unless said otherwise.
 namespace quillmar::PageTemplate {
-
-/// A share of an item's bytes.
-struct CompositionPart {
-    FileKind kind = FileKind::other;
-    std::int64_t size = 0;  ///< bytes
-    std::int64_t count = 0; ///< items
-    bool operator==(const CompositionPart&) const = default;
-};
 
 /// The whole document: head, stylesheet and \p body, which is HTML. \p bodyClass is a word of our own.
 std::string document(std::string_view title, std::string_view bodyClass, std::string_view body);
@@ -38,6 +30,9 @@ std::string stats(const std::vector<std::pair<std::string, std::string>>& figure
 
 /// One large figure with its caption.
 std::string hero(std::string_view value, std::string_view caption);
+
+/// A line that says what is missing from the page, or that there is nothing.
+std::string notice(std::string_view text);
 
 /// A bar of the parts that have bytes, in the order given, and a legend of the first six. Empty when no part
 /// has.

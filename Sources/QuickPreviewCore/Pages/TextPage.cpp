@@ -54,8 +54,6 @@ void appendLines(std::string& html, std::string_view text) {
     appendLine(html, text);
 }
 
-std::string notice(std::string_view note) { return "<p class=\"notice\">" + HTML::escape(note) + "</p>"; }
-
 } // namespace
 
 std::optional<std::string_view> language(std::string_view name) {
@@ -85,8 +83,9 @@ std::string html(std::string_view text, std::string_view title, const std::optio
     std::string html = PageTemplate::documentStart(
         title, "text", drawn.text.size() + drawn.lines * lineMarkupBytes + roomForReferences);
     html += "<div class=\"page\">" + PageTemplate::header(icon, title, facts, {});
-    if (note) html += notice(*note);
-    if (!drawn.isWhole) html += notice("Showing the first " + formattedInteger(maxLines) + " lines.");
+    if (note) html += PageTemplate::notice(*note);
+    if (!drawn.isWhole)
+        html += PageTemplate::notice("Showing the first " + formattedInteger(maxLines) + " lines.");
     html += "</div><div class=\"code-view mono";
     if (wrap) html += " wrap";
     html += "\">";

@@ -24,11 +24,6 @@ void appendSize(std::string& html, const ArchiveNode& node) {
         HTML::appendEscaped(html, formattedSize(node.size));
 }
 
-void appendDate(std::string& html, const std::optional<Timestamp>& modified) {
-    if (!modified) return;
-    if (const auto date = formattedDate(*modified)) HTML::appendEscaped(html, *date);
-}
-
 } // namespace
 
 TreeRenderer::Level TreeRenderer::level(NodeIndex folder, bool openSingle) const {
@@ -65,7 +60,7 @@ void TreeRenderer::appendRow(std::string& html, const ArchiveNode& node, std::si
     html += "</span><span class=\"size\">";
     appendSize(html, node);
     html += "</span><span class=\"date\">";
-    appendDate(html, node.modified);
+    ListingRow::appendDate(html, node.modified);
     html += "</span></div>";
 }
 

@@ -20,6 +20,8 @@ public:
                               std::chrono::duration<double>(budget))) {}
 
     bool passed() const { return clock_() > end_; }
+    /// True from the very moment on: nothing may begin.
+    bool reached() const { return clock_() >= end_; }
 
 private:
     Clock clock_;

@@ -1,0 +1,150 @@
+#include "Folder/FolderSummarizer.h"
+
+#include "Folder/DisplayOrder.h"
+#include "Folder/FolderWalk.h"
+#include "Folder/NameList.h"
+#include "Platform/Directory.h"
+#include "Platform/DirectoryReader.h"
+#include "Platform/FileError.h"
+#include "Platform/ParallelLoop.h"
+#include "Platform/Text.h"
+#include "Support/SaturatingSum.h"
+#include "Support/TypesByExtension.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <memory>
+#include <string>
+#include <utility>
+
+namespace quillmar::FolderSummarizer {
+namespace {
+
+/// Children that a thread looks at in one go. Fewer are not worth another thread.
+constexpr std::size_t childrenPerGrain = 256;
+
+/// Entries that one thread reads before others are started: most folders hold no more.
+constexpr std::size_t entriesForOne = 512;
+
+/// Throws FileError.
+NameList namesIn(const Directory& folder, const FileURL& url) {
+    NameList names;
+    DirectoryReader reader;
+    reader.start(folder);
+    while (const auto entry = reader.next()) names.add(entry->name);
+    if (reader.error() != 0) throw FileError::system(url, reader.error());
+    if (names.size() > 0 && !folder.isSearchable()) throw FileError::system(url, EACCES);
+    return names;
+}
+
+/// Where a child is measured with what is in it; none where its own size is all.
+bool isMeasured(const FolderItem& item) { return !item.size; }
+
+/// A folder is a package or a plain one.
+void describeFolder(FolderItem& item, std::string_view name) {
+    auto type = UniformType::ofPackage(pathExtension(name));
+    item.isFolder = !type;
+    if (!type) type = UniformType::withIdentifier("public.folder");
+    item.kind = fileKind(type, item.isFolder);
+    if (type) item.typeIdentifier = type->identifier();
+}
+
+void describeFile(FolderItem& item, std::string_view name, const ItemStatus& status, TypesByExtension& types) {
+    item.size = status.size;
+    item.isSizeComplete = true;
+    TypesByExtension::FileType file;
+    if (status.kind == ItemKind::regularFile) file = types.ofName(name);
+    if (status.kind == ItemKind::symbolicLink) {
+        file.type = UniformType::withIdentifier("public.symlink");
+        file.kind = fileKind(file.type, false);
+    }
+    item.kind = file.kind;
+    if (file.type) item.typeIdentifier = file.type->identifier();
+}
+
+/// The child \p name of \p folder, a folder without its size; none when it cannot be asked.
+std::optional<FolderItem> item(const Directory& folder, const FileURL& url, const char* name,
+                               TypesByExtension& types) {
+    const auto status = folder.status(name);
+    if (!status) return std::nullopt;
+    FolderItem item{.url = url.appendingPathComponent(name)};
+    item.name = repairedText(name);
+    item.isHidden = name[0] == '.';
+    item.modified = status->modified;
+    if (status->kind == ItemKind::folder) {
+        describeFolder(item, name);
+    } else {
+        describeFile(item, name, *status, types);
+    }
+    return item;
+}
+
+using Slots = std::vector<std::optional<FolderItem>>;
+
+/// One slot for each of \p names; empty where the child cannot be asked.
+Slots itemsNamed(const NameList& names, const Directory& folder, const FileURL& url) {
+    Slots slots(names.size());
+    const auto fill = [&](std::size_t grain) {
+        const std::size_t begin = grain * childrenPerGrain;
+        const std::size_t end = std::min(begin + childrenPerGrain, names.size());
+        TypesByExtension types;
+        for (std::size_t i = begin; i < end; ++i) slots[i] = item(folder, url, names[i], types);
+    };
+    const std::size_t grains = (names.size() + childrenPerGrain - 1) / childrenPerGrain;
+    if (grains == 1) {
+        fill(0);
+    } else {
+        concurrentPerform(grains, fill);
+    }
+    return slots;
+}
+
+/// Gives the folders among \p items their sizes.
+void measure(Slots& slots, const NameList& names, const std::shared_ptr<const Directory>& folder,
+             const Deadline& deadline) {
+    std::vector<DirectorySize> sizes(slots.size());
+    FolderWalk walk(deadline);
+    for (std::size_t i = 0; i < slots.size(); ++i)
+        if (slots[i] && isMeasured(*slots[i])) walk.add(folder, names[i], sizes[i]);
+    walk.run(entriesForOne);
+    if (!walk.isDone()) concurrentPerform(concurrentThreads(), [&walk](std::size_t) { walk.run(); });
+    for (std::size_t i = 0; i < slots.size(); ++i) {
+        if (!slots[i] || !isMeasured(*slots[i])) continue;
+        slots[i]->size = sizes[i].size;
+        slots[i]->isSizeComplete = sizes[i].isComplete;
+    }
+}
+
+} // namespace
+
+FolderSummary summarize(const FileURL& url, double budget, const Clock& clock) {
+    const Deadline deadline(budget, clock);
+    const auto folder = std::make_shared<const Directory>(url);
+    const NameList names = namesIn(*folder, url);
+    Slots slots = itemsNamed(names, *folder, url);
+    measure(slots, names, folder, deadline);
+
+    FolderSummary summary{.url = url};
+    summary.modified = folder->modified();
+    summary.items = inDisplayOrder(slots);
+    for (const FolderItem& item : summary.items) {
+        summary.totalSize = saturatingSum(summary.totalSize, item.size.value_or(0));
+        summary.isComplete = summary.isComplete && item.isSizeComplete;
+    }
+    return summary;
+}
+
+DirectorySize directorySize(const FileURL& url, const Deadline& deadline) {
+    if (deadline.reached()) return {};
+    DirectorySize size;
+    FolderWalk walk(deadline);
+    try {
+        walk.add(std::make_shared<const Directory>(url), ".", size);
+    } catch (const FileError&) {
+        return {};
+    }
+    walk.run();
+    return size;
+}
+
+} // namespace quillmar::FolderSummarizer
