@@ -5,34 +5,11 @@
 #include "Benchmarks/CommandRun.h"
 #include "Benchmarks/Samples.h"
 
-#include <benchmark/benchmark.h>
-
 namespace quillmar {
 namespace {
 
-using Command = std::vector<std::string>;
-
-void ours(benchmark::State& state, const std::string& archive) {
-    CommandRun::measure(state, {CommandRun::host(), "--no-icons", "--html", "-", Samples::archive(archive)});
-}
-
-void theirs(benchmark::State& state, Command command, const std::string& archive) {
-    command.push_back(Samples::archive(archive));
-    CommandRun::measure(state, command);
-}
-
-void compare(const std::string& archive, const std::vector<Command>& rivals) {
-    const auto add = [&](const std::string& name, auto run) {
-        benchmark::RegisterBenchmark((archive + "/" + name).c_str(), run)
-            ->Unit(benchmark::kMillisecond)
-            ->UseManualTime();
-    };
-    add("quillmar", [=](benchmark::State& state) { ours(state, archive); });
-    for (const auto& rival : rivals) {
-        std::string name;
-        for (const auto& word : rival) name += (name.empty() ? "" : " ") + word;
-        add(name, [=](benchmark::State& state) { theirs(state, rival, archive); });
-    }
+void compare(const std::string& archive, const std::vector<CommandRun::Command>& rivals) {
+    CommandRun::compare(archive, Samples::archive, rivals);
 }
 
 const bool registered = [] {

@@ -18,7 +18,7 @@ struct Run {
     double peakMegabytes = 0;
 };
 
-Run runOnce(const std::vector<std::string>& command) {
+Run runOnce(const Command& command) {
     std::vector<char*> arguments;
     for (const auto& argument : command) arguments.push_back(const_cast<char*>(argument.c_str()));
     arguments.push_back(nullptr);
@@ -39,7 +39,7 @@ Run runOnce(const std::vector<std::string>& command) {
 
 } // namespace
 
-void measure(benchmark::State& state, const std::vector<std::string>& command) {
+void measure(benchmark::State& state, const Command& command) {
     double peak = 0;
     for (auto _ : state) {
         const Run run = runOnce(command);
@@ -48,6 +48,26 @@ void measure(benchmark::State& state, const std::vector<std::string>& command) {
         peak = std::max(peak, run.peakMegabytes);
     }
     state.counters["peakMB"] = peak;
+}
+
+void compare(const std::string& sample, const std::function<std::string(const std::string&)>& path,
+             const std::vector<Command>& rivals) {
+    const auto add = [&](const std::string& name, const Command& command) {
+        const auto run = [=](benchmark::State& state) {
+            Command whole = command;
+            whole.push_back(path(sample));
+            measure(state, whole);
+        };
+        benchmark::RegisterBenchmark((sample + "/" + name).c_str(), run)
+            ->Unit(benchmark::kMillisecond)
+            ->UseManualTime();
+    };
+    add("quillmar", {host(), "--no-icons", "--html", "-"});
+    for (const auto& rival : rivals) {
+        std::string name;
+        for (const auto& word : rival) name += (name.empty() ? "" : " ") + word;
+        add(name, rival);
+    }
 }
 
 std::string host() { return QUILLMAR_BINARY; }

@@ -30,24 +30,34 @@ struct Key {
 
 constexpr std::int64_t withoutSize = -1;
 
+/// Puts the items where \p keys want them, by exchanging them: a second list of a million would take its room
+/// again.
+void arrange(std::vector<FolderItem>& items, std::vector<Key>& keys) {
+    for (std::size_t i = 0; i < keys.size(); ++i) {
+        std::size_t place = i;
+        while (keys[place].index != i) {
+            const std::size_t next = keys[place].index;
+            std::swap(items[place], items[next]);
+            keys[place].index = place;
+            place = next;
+        }
+        keys[place].index = place;
+    }
+}
+
 } // namespace
 
-std::vector<FolderItem> inDisplayOrder(std::vector<std::optional<FolderItem>>& slots) {
+void sortForDisplay(std::vector<FolderItem>& items) {
     std::deque<std::string> normalized; // the names that are not ASCII; their views stay valid
     std::vector<Key> keys;
-    keys.reserve(slots.size());
-    for (std::size_t i = 0; i < slots.size(); ++i) {
-        if (!slots[i]) continue;
-        std::string_view name = slots[i]->name;
-        if (!UTF8::isASCII(name)) name = normalized.emplace_back(canonicalForm(slots[i]->name));
-        keys.push_back({.size = slots[i]->size.value_or(withoutSize), .name = name, .index = i});
+    keys.reserve(items.size());
+    for (std::size_t i = 0; i < items.size(); ++i) {
+        std::string_view name = items[i].name;
+        if (!UTF8::isASCII(name)) name = normalized.emplace_back(canonicalForm(items[i].name));
+        keys.push_back({.size = items[i].size.value_or(withoutSize), .name = name, .index = i});
     }
     std::ranges::sort(keys, std::less());
-
-    std::vector<FolderItem> items;
-    items.reserve(keys.size());
-    for (const Key& key : keys) items.push_back(*std::move(slots[key.index]));
-    return items;
+    arrange(items, keys);
 }
 
 } // namespace quillmar

@@ -37,9 +37,6 @@ NameList namesIn(const Directory& folder, const FileURL& url) {
     return names;
 }
 
-/// Where a child is measured with what is in it; none where its own size is all.
-bool isMeasured(const FolderItem& item) { return !item.size; }
-
 /// A folder is a package or a plain one.
 void describeFolder(FolderItem& item, std::string_view name) {
     auto type = UniformType::ofPackage(pathExtension(name));
@@ -62,12 +59,13 @@ void describeFile(FolderItem& item, std::string_view name, const ItemStatus& sta
     if (file.type) item.typeIdentifier = file.type->identifier();
 }
 
-/// The child \p name of \p folder, a folder without its size; none when it cannot be asked.
-std::optional<FolderItem> item(const Directory& folder, const FileURL& url, const char* name,
-                               TypesByExtension& types) {
+/// Fills \p item with the child \p name of \p folder, a folder without its size. Leaves it as it is when the
+/// child cannot be asked.
+void describe(FolderItem& item, const Directory& folder, const FileURL& url, const char* name,
+              TypesByExtension& types) {
     const auto status = folder.status(name);
-    if (!status) return std::nullopt;
-    FolderItem item{.url = url.appendingPathComponent(name)};
+    if (!status) return;
+    item.url = url.appendingPathComponent(name);
     item.name = repairedText(name);
     item.isHidden = name[0] == '.';
     item.modified = status->modified;
@@ -76,19 +74,21 @@ std::optional<FolderItem> item(const Directory& folder, const FileURL& url, cons
     } else {
         describeFile(item, name, *status, types);
     }
-    return item;
 }
 
-using Slots = std::vector<std::optional<FolderItem>>;
+/// A slot for each child: nobody waits for another.
+using Slots = std::vector<FolderItem>;
+
+bool isEmpty(const FolderItem& slot) { return slot.name.empty(); }
 
 /// One slot for each of \p names; empty where the child cannot be asked.
 Slots itemsNamed(const NameList& names, const Directory& folder, const FileURL& url) {
-    Slots slots(names.size());
+    Slots slots(names.size(), FolderItem{.url = FileURL::root()});
     const auto fill = [&](std::size_t grain) {
         const std::size_t begin = grain * childrenPerGrain;
         const std::size_t end = std::min(begin + childrenPerGrain, names.size());
         TypesByExtension types;
-        for (std::size_t i = begin; i < end; ++i) slots[i] = item(folder, url, names[i], types);
+        for (std::size_t i = begin; i < end; ++i) describe(slots[i], folder, url, names[i], types);
     };
     const std::size_t grains = (names.size() + childrenPerGrain - 1) / childrenPerGrain;
     if (grains == 1) {
@@ -99,20 +99,34 @@ Slots itemsNamed(const NameList& names, const Directory& folder, const FileURL& 
     return slots;
 }
 
-/// Gives the folders among \p items their sizes.
+/// Gives the folders among the items their sizes.
 void measure(Slots& slots, const NameList& names, const std::shared_ptr<const Directory>& folder,
              const Deadline& deadline) {
-    std::vector<DirectorySize> sizes(slots.size());
+    const auto isMeasured = [](const FolderItem& item) { return !isEmpty(item) && !item.size; };
+    std::vector<DirectorySize> sizes(static_cast<std::size_t>(std::ranges::count_if(slots, isMeasured)));
     FolderWalk walk(deadline);
+    auto size = sizes.begin();
     for (std::size_t i = 0; i < slots.size(); ++i)
-        if (slots[i] && isMeasured(*slots[i])) walk.add(folder, names[i], sizes[i]);
+        if (isMeasured(slots[i])) walk.add(folder, names[i], *size++);
     walk.run(entriesForOne);
     if (!walk.isDone()) concurrentPerform(concurrentThreads(), [&walk](std::size_t) { walk.run(); });
-    for (std::size_t i = 0; i < slots.size(); ++i) {
-        if (!slots[i] || !isMeasured(*slots[i])) continue;
-        slots[i]->size = sizes[i].size;
-        slots[i]->isSizeComplete = sizes[i].isComplete;
+    size = sizes.begin();
+    for (FolderItem& item : slots) {
+        if (!isMeasured(item)) continue;
+        item.size = size->size;
+        item.isSizeComplete = size->isComplete;
+        ++size;
     }
+}
+
+/// The children of \p folder in no order.
+std::vector<FolderItem> measuredItems(const std::shared_ptr<const Directory>& folder, const FileURL& url,
+                                      const Deadline& deadline) {
+    const NameList names = namesIn(*folder, url);
+    Slots slots = itemsNamed(names, *folder, url);
+    measure(slots, names, folder, deadline);
+    std::erase_if(slots, isEmpty);
+    return slots;
 }
 
 } // namespace
@@ -120,17 +134,14 @@ void measure(Slots& slots, const NameList& names, const std::shared_ptr<const Di
 FolderSummary summarize(const FileURL& url, double budget, const Clock& clock) {
     const Deadline deadline(budget, clock);
     const auto folder = std::make_shared<const Directory>(url);
-    const NameList names = namesIn(*folder, url);
-    Slots slots = itemsNamed(names, *folder, url);
-    measure(slots, names, folder, deadline);
-
     FolderSummary summary{.url = url};
-    summary.modified = folder->modified();
-    summary.items = inDisplayOrder(slots);
+    summary.items = measuredItems(folder, url, deadline);
+    sortForDisplay(summary.items);
     for (const FolderItem& item : summary.items) {
         summary.totalSize = saturatingSum(summary.totalSize, item.size.value_or(0));
         summary.isComplete = summary.isComplete && item.isSizeComplete;
     }
+    summary.modified = folder->modified();
     return summary;
 }
 

@@ -37,7 +37,7 @@ bool isItselfOrParent(const char* name) {
 
 } // namespace
 
-DirectoryReader::DirectoryReader() : buffer_(new char[bufferBytes]) {}
+DirectoryReader::DirectoryReader() : buffer_(std::make_unique_for_overwrite<Buffer>()) {}
 
 void DirectoryReader::start(const Directory& directory) {
     descriptor_ = directory.descriptor_;
@@ -48,7 +48,7 @@ void DirectoryReader::start(const Directory& directory) {
 
 std::optional<DirectoryReader::Entry> DirectoryReader::next() {
     while (position_ < filled_ || fill()) {
-        const char* entry = buffer_.get() + position_;
+        const char* entry = buffer_->data() + position_;
         EntryHead head{};
         std::memcpy(&head, entry, nameOffset);
         position_ += head.length;
@@ -60,7 +60,7 @@ std::optional<DirectoryReader::Entry> DirectoryReader::next() {
 
 /// False at the end.
 bool DirectoryReader::fill() {
-    const long filled = ::syscall(SYS_getdents64, descriptor_, buffer_.get(), bufferBytes);
+    const long filled = ::syscall(SYS_getdents64, descriptor_, buffer_->data(), buffer_->size());
     if (filled < 0) error_ = errno;
     position_ = 0;
     filled_ = filled > 0 ? static_cast<std::size_t>(filled) : 0;

@@ -2,6 +2,7 @@
 
 #include "Platform/Directory.h"
 
+#include <array>
 #include <cstddef>
 #include <memory>
 #include <optional>
@@ -32,7 +33,9 @@ private:
     /// Large buffers are slower where folders are small: the system clears what it lends.
     static constexpr std::size_t bufferBytes = 32'768;
 
-    std::unique_ptr<char[]> buffer_;
+    using Buffer = std::array<char, bufferBytes>;
+
+    std::unique_ptr<Buffer> buffer_;
     int descriptor_ = -1;
     std::size_t position_ = 0;
     std::size_t filled_ = 0;
