@@ -5,7 +5,10 @@
 #include "Tests/Helpers/Environment.h"
 #include "Tests/Helpers/Pages.h"
 #include "Tests/Helpers/TemporaryFolder.h"
+#include "Tests/Helpers/Unprivileged.h"
 
+#include <array>
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
@@ -31,8 +34,14 @@ protected:
     TemporaryFolder folder;
 
 private:
-    ScopedEnvironment english_{{"LC_ALL", "C"}};
+    ScopedEnvironment english_{{"LC_ALL", "C"}, {"TZ", "UTC0"}};
 };
+
+/// \p date is in seconds since 1970.
+void setModified(const FileURL& url, std::time_t date) {
+    const std::array<timespec, 2> times{{{date, 0}, {date, 0}}};
+    ASSERT_EQ(::utimensat(AT_FDCWD, url.path().c_str(), times.data(), 0), 0);
+}
 
 void expectSize(const PreviewDocument& document, double width, double height) {
     EXPECT_EQ(document.width, width);
@@ -147,6 +156,121 @@ TEST_F(QuickPreviewTest, saysThatAPackageIsNotOneFile) {
     expectSize(document, 520, 380);
     EXPECT_EQ(messageOf(document.html), "Quillmar couldn&#39;t read this item. “Notes.app” is a package and "
                                         "can&#39;t be shown as one file.");
+}
+
+// Folders
+
+TEST_F(QuickPreviewTest, listsAFolder) {
+    const auto garden = folder.makeFolder("Garden");
+    folder.makeFolder("Garden/Beds/Roses");
+    folder.write("Garden/Beds/Roses/rose.txt", std::string(1'500, 'x'));
+    folder.write("Garden/plan.c", std::string(3'000, 'x'));
+    folder.write("Garden/.hidden", "x");
+    setModified(garden, 1'709'543'700); // 2024-03-04 09:15 UTC
+    const auto document = QuickPreview::document(garden, nullptr);
+    expectSize(document, 780, 620);
+    EXPECT_EQ(between(document.html, "<h1>", "</h1>"), "Garden");
+    EXPECT_EQ(factsOf(document.html),
+              joined({"2 items", "5 KB", "1 hidden", "Modified Mar 4, 2024 at 9:15\u202FAM"}));
+    EXPECT_NE(document.html.find("<span>plan.c</span></span><span class=\"size\">3 KB<"), std::string::npos);
+    EXPECT_NE(document.html.find("<span>Beds</span></span><span class=\"size\">2 KB<"), std::string::npos);
+    EXPECT_LT(document.html.find("<span>plan.c<"), document.html.find("<span>Beds<"));
+}
+
+TEST_F(QuickPreviewTest, listsAnEmptyFolder) {
+    const auto document = QuickPreview::document(folder.makeFolder("Garden"), nullptr);
+    expectSize(document, 780, 620);
+    EXPECT_EQ(between(document.html, "<p class=\"notice\">", "</p>"), "This folder is empty.");
+}
+
+TEST_F(QuickPreviewTest, listsAFolderWhateverItsName) {
+    for (const char* name : {"notes.md", "garden.zip", "main.c", "a.b", ".git", "a\n\xFF"}) {
+        const auto document = QuickPreview::document(folder.makeFolder(name), nullptr);
+        expectSize(document, 780, 620);
+        EXPECT_NE(document.html.find("<body class=\"folder\">"), std::string::npos) << name;
+    }
+}
+
+TEST_F(QuickPreviewTest, repairsTheNameOfAFolderThatIsNotText) {
+    const auto document = QuickPreview::document(folder.makeFolder("a\xFF"), nullptr);
+    EXPECT_EQ(between(document.html, "<title>", "</title>"), "a\uFFFD");
+    EXPECT_EQ(between(document.html, "<h1>", "</h1>"), "a\uFFFD");
+}
+
+TEST_F(QuickPreviewTest, attachesTheIconsOfAFolderAndWhatIsInIt) {
+    CountingIcons icons;
+    const auto garden = folder.makeFolder("Garden");
+    const auto application = folder.makeFolder("Garden/Planner.app");
+    folder.write("Garden/a.png", "x");
+    folder.write("Garden/b.png", "x");
+    const auto document = QuickPreview::document(garden, &icons);
+    EXPECT_EQ(icons.askedFiles, (std::vector<std::string>{garden.path(), application.path()}));
+    EXPECT_EQ(icons.askedTypes, std::vector<std::string>{"public.png"});
+    EXPECT_EQ(document.attachments.size(), 3U);
+}
+
+TEST_F(QuickPreviewTest, showsALinkToAFolderAsItsTargetUnderItsOwnName) {
+    folder.makeFolder("Garden");
+    folder.write("Garden/rose.txt", "red");
+    std::filesystem::create_directory_symlink("Garden", folder.path() / "link");
+    const auto document = QuickPreview::document(folder.url("link"), nullptr);
+    expectSize(document, 780, 620);
+    EXPECT_EQ(between(document.html, "<h1>", "</h1>"), "link");
+    EXPECT_NE(document.html.find("<span>rose.txt</span></span><span class=\"size\">3 bytes<"),
+              std::string::npos);
+}
+
+TEST_F(QuickPreviewTest, doesNotFollowLinksInAFolder) {
+    folder.makeFolder("Garden");
+    folder.write("Garden/rose.txt", std::string(5'000, 'x'));
+    const auto other = folder.makeFolder("Other");
+    std::filesystem::create_directory_symlink("../Garden", folder.path() / "Other/link");
+    const auto document = QuickPreview::document(other, nullptr);
+    EXPECT_NE(document.html.find("<span>link</span></span><span class=\"size\">9 bytes<"), std::string::npos);
+}
+
+TEST_F(QuickPreviewTest, saysThatAFolderIsPrivate) {
+    const auto locked = folder.makeFolder("Locked");
+    folder.write("Locked/secret.txt", "x");
+    ASSERT_EQ(::chmod(folder.path().c_str(), 0755), 0);
+    for (const unsigned mode : {0000U, 0111U, 0444U}) { // neither listing nor asking alone is enough
+        ASSERT_EQ(::chmod(locked.path().c_str(), mode), 0);
+        CountingIcons icons;
+        icons.hasFileIcons = false;
+        const Unprivileged unprivileged;
+        const auto document = QuickPreview::document(locked, &icons);
+        expectSize(document, 520, 380);
+        EXPECT_EQ(messageOf(document.html),
+                  "Quillmar couldn&#39;t read this item. You don&#39;t have permission to view “Locked”.");
+        EXPECT_EQ(icons.askedTypes, std::vector<std::string>{"public.data"});
+    }
+    ::chmod(locked.path().c_str(), 0755);
+}
+
+TEST_F(QuickPreviewTest, saysThatAPrivateFolderInAFolderIsNotCounted) {
+    const auto garden = folder.makeFolder("Garden");
+    const auto locked = folder.makeFolder("Garden/Locked");
+    folder.write("Garden/rose.txt", "red");
+    ASSERT_EQ(::chmod(folder.path().c_str(), 0755), 0);
+    ASSERT_EQ(::chmod(locked.path().c_str(), 0), 0);
+    std::string html;
+    {
+        const Unprivileged unprivileged;
+        html = QuickPreview::document(garden, nullptr).html;
+    }
+    ::chmod(locked.path().c_str(), 0755);
+    EXPECT_NE(factsOf(html).find("2 items<span class=\"dot\">·</span>At least 3 bytes<"), std::string::npos);
+    EXPECT_TRUE(between(html, "<p class=\"notice\">", "</p>").starts_with("This folder is too big to measure"));
+    EXPECT_NE(html.find("<span>Locked</span></span><span class=\"size\"><span class=\"muted\">—</span>"),
+              std::string::npos);
+}
+
+TEST_F(QuickPreviewTest, saysThatALinkToAPackageIsNotOneFile) {
+    folder.makeFolder("Notes.app");
+    std::filesystem::create_directory_symlink("Notes.app", folder.path() / "link.app");
+    EXPECT_EQ(
+        messageOf(QuickPreview::document(folder.url("link.app"), nullptr).html),
+        "Quillmar couldn&#39;t read this item. “link.app” is a package and can&#39;t be shown as one file.");
 }
 
 TEST_F(QuickPreviewTest, showsALinkAsItsTargetUnderItsOwnName) {

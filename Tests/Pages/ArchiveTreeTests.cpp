@@ -257,7 +257,7 @@ TEST_F(ArchiveTreeTest, anEncryptedFolderOfOpenFilesIsOpen) {
 
 // Breakdown
 
-using Parts = std::vector<PageTemplate::CompositionPart>;
+using Parts = std::vector<CompositionPart>;
 
 TEST_F(ArchiveTreeTest, breakdownPutsTheLargestKindFirst) {
     const Grown grown({file("a.c", 10), file("b.png", 50), file("d/c.c", 20), file("e.txt", 30)});

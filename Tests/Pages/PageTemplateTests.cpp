@@ -68,6 +68,17 @@ TEST_F(PageTemplateTest, heroEscapesValueAndCaption) {
     EXPECT_EQ(hero("≥ 1 KB", "a<b"), "<div class=\"hero\"><b>≥ 1 KB</b><span>a&lt;b</span></div>");
 }
 
+TEST_F(PageTemplateTest, noticeIsAnEscapedParagraph) {
+    EXPECT_EQ(notice("“a<b” isn't \"c\" & more."),
+              "<p class=\"notice\">“a&lt;b” isn&#39;t &quot;c&quot; &amp; more.</p>");
+}
+
+TEST_F(PageTemplateTest, documentInTwoHalvesIsTheSame) {
+    for (const std::size_t room : {std::size_t{0}, std::size_t{100'000}})
+        EXPECT_EQ(documentStart("A & B", "folder", room).append("<p>body</p>").append(documentEnd),
+                  document("A & B", "folder", "<p>body</p>"));
+}
+
 TEST_F(PageTemplateTest, compositionShowsSharesAndLegend) {
     EXPECT_EQ(composition({{FileKind::code, 3'000, 2}, {FileKind::images, 1'000, 1}}),
               "<div class=\"composition\"><div class=\"bar\">"

@@ -48,7 +48,7 @@ std::optional<FolderWalk::Folder> FolderWalk::take() {
     return folder;
 }
 
-/// None for a folder that was added and cannot be opened, or not in time.
+/// None for a folder that was added and cannot be looked into, or not in time.
 std::optional<FolderWalk::Contents> FolderWalk::read(Folder folder, DirectoryReader& reader,
                                                      std::size_t& seen) const {
     if (folder.isAdded && deadline_.reached()) return std::nullopt;
@@ -60,6 +60,7 @@ std::optional<FolderWalk::Contents> FolderWalk::read(Folder folder, DirectoryRea
         contents.isComplete = !isShortage(directory->error());
         return contents;
     }
+    if (folder.isAdded && !directory->isSearchable()) return std::nullopt; // nothing in it tells its size
     if (directory->isOnPseudoFileSystem()) return contents;
 
     reader.start(*directory);

@@ -20,7 +20,7 @@ public:
         ItemKind kind;
     };
 
-    /// Begins with \p directory, which is open and must outlive the reading.
+    /// Begins with \p directory, which is open, has not been read before and must outlive the reading.
     void start(const Directory& directory);
     /// None at the end, and when the system fails.
     std::optional<Entry> next();
