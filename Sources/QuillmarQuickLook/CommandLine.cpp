@@ -2,6 +2,7 @@
 
 #include "Platform/ResourceValues.h"
 #include "Platform/Terminal.h"
+#include "QuillmarQuickLook/Icons/FinderIcons.h"
 #include "QuillmarQuickLook/PreviewProvider.h"
 #include "QuillmarQuickLook/PreviewWriter.h"
 
@@ -46,7 +47,10 @@ ExitStatus writePreview(const Options& options) {
         report("“" + options.path + "” does not exist");
         return ExitStatus::failed;
     }
-    PreviewReply reply = PreviewProvider(nullptr, options.isVerbose).providePreview({url});
+    std::optional<FinderIcons> icons;
+    if (options.usesIcons) icons.emplace(FinderIcons::standardPlaces());
+    const PreviewProvider provider(icons ? &*icons : nullptr, options.isVerbose);
+    PreviewReply reply = provider.providePreview({url});
     if (!options.outputFolder.empty())
         PreviewWriter::writeFolder(reply, options.outputFolder);
     else

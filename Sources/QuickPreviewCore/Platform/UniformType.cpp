@@ -73,17 +73,23 @@ std::optional<UniformType> UniformType::ofPackage(std::string_view extension) {
 std::string_view UniformType::identifier() const { return types[index_].identifier; }
 
 std::optional<std::string_view> UniformType::localizedDescription() const {
-    for (const Index type : lineage(index_))
+    for (const Index type : quillmar::lineage(index_))
         if (!types[type].description.empty()) return types[type].description;
     return std::nullopt;
 }
 
 std::string_view UniformType::mimeType() const { return types[index_].mimeType; }
 
+std::vector<UniformType> UniformType::lineage() const {
+    std::vector<UniformType> steps;
+    for (const Index type : quillmar::lineage(index_)) steps.push_back(UniformType(type));
+    return steps;
+}
+
 bool UniformType::conformsTo(std::string_view identifier) const {
     const auto wanted = indexOf(identifier);
     if (!wanted) return false;
-    const auto own = lineage(index_);
+    const auto own = quillmar::lineage(index_);
     return std::ranges::find(own, *wanted) != own.end();
 }
 

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <optional>
 #include <string_view>
+#include <vector>
 
 namespace quillmar {
 
@@ -23,6 +24,8 @@ public:
     std::optional<std::string_view> localizedDescription() const;
     /// The type's own MIME name; empty when it has none.
     std::string_view mimeType() const;
+    /// The type itself and all its ancestors, breadth first in the order of the parents.
+    std::vector<UniformType> lineage() const;
     /// True when this is the type \p identifier or descends from it.
     bool conformsTo(std::string_view identifier) const;
 

@@ -1,0 +1,68 @@
+#include "QuillmarQuickLook/MessageSocket.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdint>
+#include <poll.h>
+#include <sys/socket.h>
+
+namespace quillmar {
+
+using Length = std::uint32_t;
+
+bool MessageSocket::send(DataView message) const {
+    const Moment end = std::chrono::steady_clock::now() + patience_;
+    const auto length = static_cast<Length>(message.size());
+    return sendAll(reinterpret_cast<const char*>(&length), sizeof length, end) &&
+           sendAll(message.data(), message.size(), end);
+}
+
+std::optional<Data> MessageSocket::receive(std::size_t maxBytes) const {
+    const Moment end = std::chrono::steady_clock::now() + patience_;
+    Length length = 0;
+    if (!receiveAll(reinterpret_cast<char*>(&length), sizeof length, end) || length > maxBytes)
+        return std::nullopt;
+    Data message(length, '\0');
+    if (!receiveAll(message.data(), message.size(), end)) return std::nullopt;
+    return message;
+}
+
+/// True when the socket is ready for one of \p events.
+bool MessageSocket::wait(short events, Moment end) const {
+    for (;;) {
+        const auto left = std::chrono::ceil<std::chrono::milliseconds>(end - std::chrono::steady_clock::now());
+        const int timeout =
+            patience_ == forever ? -1 : static_cast<int>(std::max<std::int64_t>(left.count(), 0));
+        pollfd entry{.fd = descriptor_, .events = events, .revents = 0};
+        const int ready = ::poll(&entry, 1, timeout);
+        if (ready > 0) return true;
+        if (ready == 0 || errno != EINTR) return false;
+    }
+}
+
+bool MessageSocket::sendAll(const char* bytes, std::size_t count, Moment end) const {
+    while (count > 0) {
+        if (!wait(POLLOUT, end)) return false;
+        const ssize_t sent = ::send(descriptor_, bytes, count, MSG_NOSIGNAL | MSG_DONTWAIT);
+        if (sent < 0 && errno != EINTR && errno != EAGAIN) return false;
+        if (sent <= 0) continue;
+        bytes += sent;
+        count -= static_cast<std::size_t>(sent);
+    }
+    return true;
+}
+
+bool MessageSocket::receiveAll(char* room, std::size_t count, Moment end) const {
+    while (count > 0) {
+        if (!wait(POLLIN, end)) return false;
+        const ssize_t received = ::recv(descriptor_, room, count, MSG_DONTWAIT);
+        if (received == 0) return false;
+        if (received < 0 && errno != EINTR && errno != EAGAIN) return false;
+        if (received < 0) continue;
+        room += received;
+        count -= static_cast<std::size_t>(received);
+    }
+    return true;
+}
+
+} // namespace quillmar
