@@ -4,6 +4,7 @@
 #include "Archives/ArchiveReader.h"
 #include "Folder/FolderSummarizer.h"
 #include "Markdown/DocumentImages.h"
+#include "Markdown/LocalImageFiles.h"
 #include "Markdown/MarkdownLimits.h"
 #include "Markdown/MarkdownParser.h"
 #include "Pages/ArchivePage.h"
@@ -64,9 +65,9 @@ bool isMarkdown(const FileURL& url, const std::optional<UniformType>& type) {
     return type && type->conformsTo(markdownType);
 }
 
-std::string markdown(const FileURL& url, PreviewAssets& assets) {
+std::string markdown(const FileURL& url, ImageFiles& imageFiles, PreviewAssets& assets) {
     std::string text = decodedText(readPrefix(url, MarkdownLimits::maxDocumentBytes));
-    DocumentImages images(url.deletingLastPathComponent(), assets);
+    DocumentImages images(url.deletingLastPathComponent(), imageFiles, assets);
     MarkdownParser parser([&images](const std::string& path) { return images.attach(path); });
     std::string html = PageTemplate::documentStart(url.lastPathComponent(), "markdown", 0);
     html += "<article class=\"markdown-body\">";
@@ -140,12 +141,12 @@ std::optional<ArchiveContent> archiveContent(const FileURL& url) {
 }
 
 /// The router. Throws what the item's reader throws.
-Page page(const FileURL& url, PreviewAssets& assets) {
+Page page(const FileURL& url, ImageFiles& images, PreviewAssets& assets) {
     const auto values = resourceValues(url);
     const auto type = values ? values->contentType : std::nullopt;
     if (values && values->isDirectory && !values->isPackage)
         return {FolderPage::html(FolderSummarizer::summarize(url, folderBudget), assets), listingSize};
-    if (isMarkdown(url, type)) return {markdown(url, assets), markdownSize};
+    if (isMarkdown(url, type)) return {markdown(url, images, assets), markdownSize};
     const std::int64_t archiveSize = values ? values->fileSize.value_or(0) : 0;
     auto content = archiveContent(url);
     if (!content) return {text(url, type, assets), textSize};
@@ -159,10 +160,11 @@ Page errorPage(const FileURL& url, const std::string& message, std::string_view 
     return {MessagePage::html(url.lastPathComponent(), message, assets.fileIcon(url, fallbackType)), errorSize};
 }
 
-Page pageOrError(const FileURL& url, PreviewAssets& assets) {
-    constexpr const char* unreadable = "Quillmar couldn't read this item. ";
+constexpr const char* unreadable = "Quillmar couldn't read this item. ";
+
+Page pageOrError(const FileURL& url, ImageFiles& images, PreviewAssets& assets) {
     try {
-        return page(url, assets);
+        return page(url, images, assets);
     } catch (const ArchiveError& error) {
         return errorPage(url, std::string("This archive can't be read. ") + error.what(), "public.archive",
                          assets);
@@ -174,12 +176,22 @@ Page pageOrError(const FileURL& url, PreviewAssets& assets) {
     }
 }
 
+PreviewDocument finished(Page page, PreviewAssets assets) {
+    return {std::move(page.html), std::move(assets).takeAttachments(), page.size.width, page.size.height};
+}
+
 } // namespace
 
-PreviewDocument document(const FileURL& url, IconSource* icons) {
+PreviewDocument document(const FileURL& url, IconSource* icons, ImageFiles* images) {
     PreviewAssets assets(icons);
-    auto [html, size] = pageOrError(url, assets);
-    return {std::move(html), std::move(assets).takeAttachments(), size.width, size.height};
+    LocalImageFiles localImages;
+    return finished(pageOrError(url, images != nullptr ? *images : localImages, assets), std::move(assets));
+}
+
+PreviewDocument failure(const FileURL& url, std::string_view message, IconSource* icons) {
+    PreviewAssets assets(icons);
+    const std::string sentence = std::string(unreadable).append(message);
+    return finished(errorPage(url, sentence, "public.data", assets), std::move(assets));
 }
 
 } // namespace quillmar::QuickPreview

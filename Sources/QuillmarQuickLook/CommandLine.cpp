@@ -5,6 +5,7 @@
 #include "QuillmarQuickLook/Icons/FinderIcons.h"
 #include "QuillmarQuickLook/PreviewProvider.h"
 #include "QuillmarQuickLook/PreviewWriter.h"
+#include "QuillmarQuickLook/Worker/ConfinedPreview.h"
 
 #include <CLI/CLI.hpp>
 #include <csignal>
@@ -49,7 +50,10 @@ ExitStatus writePreview(const Options& options) {
     }
     std::optional<FinderIcons> icons;
     if (options.usesIcons) icons.emplace(FinderIcons::standardPlaces());
-    const PreviewProvider provider(icons ? &*icons : nullptr, options.isVerbose);
+    const auto makeDocument = [](const FileURL& item, IconSource* source) {
+        return ConfinedPreview().document(item, source);
+    };
+    const PreviewProvider provider(icons ? &*icons : nullptr, options.isVerbose, makeDocument);
     PreviewReply reply = provider.providePreview({url});
     if (!options.outputFolder.empty())
         PreviewWriter::writeFolder(reply, options.outputFolder);

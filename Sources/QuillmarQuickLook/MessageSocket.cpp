@@ -22,8 +22,14 @@ std::optional<Data> MessageSocket::receive(std::size_t maxBytes) const {
     Length length = 0;
     if (!receiveAll(reinterpret_cast<char*>(&length), sizeof length, end) || length > maxBytes)
         return std::nullopt;
-    Data message(length, '\0');
-    if (!receiveAll(message.data(), message.size(), end)) return std::nullopt;
+    // Room is made for what comes, not for what is announced.
+    constexpr std::size_t pieceBytes = 1'048'576;
+    Data message;
+    while (message.size() < length) {
+        const std::size_t start = message.size();
+        message.resize(std::min<std::size_t>(length, start + pieceBytes));
+        if (!receiveAll(message.data() + start, message.size() - start, end)) return std::nullopt;
+    }
     return message;
 }
 

@@ -22,13 +22,16 @@ DataView takeData(const PreviewDocument& document, PreviewReply& reply) {
 
 } // namespace
 
-PreviewProvider::PreviewProvider(IconSource* icons, bool isVerbose)
-    : icons_(icons), log_(bundleIdentifier, "preview", isVerbose) {}
+PreviewProvider::PreviewProvider(IconSource* icons, bool isVerbose, MakeDocument makeDocument)
+    : icons_(icons), makeDocument_(std::move(makeDocument)), log_(bundleIdentifier, "preview", isVerbose) {}
+
+PreviewDocument PreviewProvider::documentInThisProcess(const FileURL& url, IconSource* icons) {
+    return QuickPreview::document(url, icons);
+}
 
 PreviewReply PreviewProvider::providePreview(const FilePreviewRequest& request) const {
     log_.debug("Previewing " + Logger::privateText(request.fileURL.lastPathComponent()));
-    const auto document =
-        std::make_shared<const PreviewDocument>(QuickPreview::document(request.fileURL, icons_));
+    const auto document = std::make_shared<const PreviewDocument>(makeDocument_(request.fileURL, icons_));
     log_.debug("Built " + std::to_string(document->html.size()) + " bytes of HTML with " +
                std::to_string(document->attachments.size()) + " attachments");
     return {typeOrData("public.html"), {document->width, document->height}, [document](PreviewReply& reply) {

@@ -1,5 +1,6 @@
 #include "Markdown/DocumentImages.h"
 
+#include "Markdown/LocalImageFiles.h"
 #include "Markdown/MarkdownLimits.h"
 #include "Tests/Helpers/TemporaryFolder.h"
 
@@ -19,7 +20,7 @@ using Reference = std::optional<std::string>;
 /// A folder "docs" with a document's images, within another folder.
 class DocumentImagesTest : public testing::Test {
 protected:
-    DocumentImagesTest() : images(outer.makeFolder("docs"), assets) {}
+    DocumentImagesTest() : images(outer.makeFolder("docs"), files, assets) {}
 
     /// A file of zeroes that takes no room on the disk.
     void writeSparse(const std::string& name, std::uintmax_t size) const {
@@ -52,6 +53,7 @@ protected:
 
     TemporaryFolder outer;
     PreviewAssets assets{nullptr};
+    LocalImageFiles files;
     DocumentImages images;
 };
 

@@ -1,0 +1,54 @@
+#include "QuillmarQuickLook/Worker/Confinement.h"
+
+#include "QuillmarQuickLook/Worker/Landlock.h"
+#include "QuillmarQuickLook/Worker/SystemCallFilter.h"
+
+#include <csignal>
+#include <sys/prctl.h>
+#include <sys/resource.h>
+
+namespace quillmar::Confinement {
+namespace {
+
+/// Bytes of address space, of which threads reserve far more than they use. The largest previews take a
+/// quarter.
+constexpr rlim_t maxAddressSpace = 2'147'483'648;
+
+/// Seconds of processor time of all threads: what the budgets of the readers allow on eight processors,
+/// doubled.
+constexpr rlim_t maxProcessorTime = 30;
+
+/// A folder is open for every level of a tree that is measured.
+constexpr rlim_t maxOpenFiles = 1'024;
+
+bool limit(__rlimit_resource resource, rlim_t value) {
+    rlimit limits{};
+    if (::getrlimit(resource, &limits) != 0) return false;
+    limits.rlim_max = std::min(limits.rlim_max, value);
+    limits.rlim_cur = std::min(limits.rlim_cur, value);
+    return ::setrlimit(resource, &limits) == 0;
+}
+
+bool limitResources() {
+#if defined(__SANITIZE_ADDRESS__)
+    constexpr bool hasShadowMemory = true; // the sanitizer reserves terabytes
+#else
+    constexpr bool hasShadowMemory = false;
+#endif
+    const bool isMemoryLimited = hasShadowMemory || limit(RLIMIT_AS, maxAddressSpace);
+    return limit(RLIMIT_CPU, maxProcessorTime) && limit(RLIMIT_NOFILE, maxOpenFiles) &&
+           limit(RLIMIT_FSIZE, 0) && limit(RLIMIT_CORE, 0) && isMemoryLimited;
+}
+
+} // namespace
+
+InForce confineTo(const FileURL& item) {
+    InForce inForce;
+    inForce.resourceLimits = limitResources();
+    const bool gainsNothing = ::prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) == 0; // what the next two ask for
+    inForce.landlock = gainsNothing && Landlock::restrictTo(item);
+    inForce.seccomp = gainsNothing && SystemCallFilter::install();
+    return inForce;
+}
+
+} // namespace quillmar::Confinement

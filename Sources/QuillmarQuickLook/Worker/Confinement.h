@@ -1,0 +1,22 @@
+#pragma once
+
+#include "Platform/FileURL.h"
+
+/// What a process gives up before it reads what strangers have made. Each mechanism stands without the others:
+/// where the kernel lacks one, the rest remain.
+namespace quillmar::Confinement {
+
+/// Which mechanisms are in force.
+struct InForce {
+    bool resourceLimits = false;
+    bool landlock = false; ///< files: the item alone
+    bool seccomp = false;  ///< system calls: those of an allow list
+    bool operator==(const InForce&) const = default;
+};
+
+/// Confines this process and all its threads, for ever: it can read the file at \p item, or beneath the folder
+/// there, and open nothing else; it can write nothing, start nothing, signal nobody and reach no network. What
+/// is open stays open.
+InForce confineTo(const FileURL& item);
+
+} // namespace quillmar::Confinement

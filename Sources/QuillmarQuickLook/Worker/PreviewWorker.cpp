@@ -1,0 +1,45 @@
+#include "QuillmarQuickLook/Worker/PreviewWorker.h"
+
+#include "Platform/DateFormat.h"
+#include "Platform/IntegerFormat.h"
+#include "QuickPreview.h"
+#include "QuillmarQuickLook/MessageSocket.h"
+#include "QuillmarQuickLook/Worker/Confinement.h"
+#include "QuillmarQuickLook/Worker/HostItems.h"
+#include "QuillmarQuickLook/Worker/WorkerMessages.h"
+
+#include <climits>
+#include <csignal>
+#include <sys/prctl.h>
+
+namespace quillmar::PreviewWorker {
+namespace {
+
+/// Lets libraries read what they need of the user's zone and locale while they can.
+void openLocale() {
+    static_cast<void>(formattedDate(0));
+    static_cast<void>(formattedInteger(INT_MAX));
+}
+
+} // namespace
+
+int run() {
+    ::prctl(PR_SET_PDEATHSIG, SIGKILL); // nobody waits for the page of a host that is gone
+    const MessageSocket host(socketDescriptor, MessageSocket::forever);
+    const auto job = host.receive(PATH_MAX + 1);
+    if (!job || job->empty()) return 1;
+    const bool wantsIcons = job->front() == '1';
+    const FileURL url = FileURL::standardized(std::string_view(*job).substr(1), FileURL::root());
+    openLocale();
+    Confinement::confineTo(url);
+
+    HostIcons icons(host);
+    HostImages images(host);
+    const PreviewDocument document = QuickPreview::document(url, wantsIcons ? &icons : nullptr, &images);
+    using WorkerMessages::Request;
+    const Request done{
+        .kind = Request::Kind::document, .maxBytes = 0, .text = WorkerMessages::encoded(document)};
+    return host.send(WorkerMessages::encoded(done)) ? 0 : 1;
+}
+
+} // namespace quillmar::PreviewWorker
