@@ -176,7 +176,7 @@ Page pageOrError(const FileURL& url, ImageFiles& images, PreviewAssets& assets) 
     }
 }
 
-PreviewDocument finished(Page page, PreviewAssets assets) {
+PreviewDocument finished(Page page, PreviewAssets& assets) {
     return {std::move(page.html), std::move(assets).takeAttachments(), page.size.width, page.size.height};
 }
 
@@ -185,13 +185,13 @@ PreviewDocument finished(Page page, PreviewAssets assets) {
 PreviewDocument document(const FileURL& url, IconSource* icons, ImageFiles* images) {
     PreviewAssets assets(icons);
     LocalImageFiles localImages;
-    return finished(pageOrError(url, images != nullptr ? *images : localImages, assets), std::move(assets));
+    return finished(pageOrError(url, images != nullptr ? *images : localImages, assets), assets);
 }
 
 PreviewDocument failure(const FileURL& url, std::string_view message, IconSource* icons) {
     PreviewAssets assets(icons);
     const std::string sentence = std::string(unreadable).append(message);
-    return finished(errorPage(url, sentence, "public.data", assets), std::move(assets));
+    return finished(errorPage(url, sentence, "public.data", assets), assets);
 }
 
 } // namespace quillmar::QuickPreview

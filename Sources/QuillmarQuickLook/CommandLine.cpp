@@ -21,6 +21,7 @@ struct Options {
     std::string htmlFile;     ///< empty: none; "-": standard output
     bool usesIcons = true;
     bool isVerbose = false;
+    bool wantsVersion = false;
 };
 
 void report(std::string_view message) {
@@ -29,7 +30,7 @@ void report(std::string_view message) {
 }
 
 void describe(CLI::App& app, Options& options) {
-    app.add_option("PATH", options.path, "The file or folder to preview")->required();
+    app.add_option("PATH", options.path, "The file or folder to preview");
     auto* output = app.add_option("--output", options.outputFolder,
                                   "Write index.html, the attachments and preview.json into this folder");
     auto* html =
@@ -38,7 +39,8 @@ void describe(CLI::App& app, Options& options) {
     html->type_name("FILE")->excludes(output);
     app.add_flag("!--no-icons", options.usesIcons, "Ask the desktop for no icons");
     app.add_flag("--verbose", options.isVerbose, "Say on standard error what is done");
-    app.set_version_flag("--version", "Quillmar " QUILLMAR_VERSION);
+    app.add_flag("--version", options.wantsVersion,
+                 "Say which version this is; with --verbose, what confines the reading of files");
     app.footer("A path that begins with a dash goes behind --.");
 }
 
@@ -62,6 +64,13 @@ ExitStatus writePreview(const Options& options) {
     return ExitStatus::made;
 }
 
+ExitStatus writeVersion(bool isVerbose) {
+    std::string text = "Quillmar " QUILLMAR_VERSION "\n";
+    if (isVerbose) text += ConfinedPreview().confinement();
+    std::fwrite(text.data(), 1, text.size(), stdout);
+    return ExitStatus::made;
+}
+
 } // namespace
 
 ExitStatus run(int argc, const char* const* argv) {
@@ -73,6 +82,8 @@ ExitStatus run(int argc, const char* const* argv) {
     describe(app, options);
     try {
         app.parse(argc, argv);
+        if (options.wantsVersion) return writeVersion(options.isVerbose);
+        if (app.count("PATH") == 0) throw CLI::RequiredError("PATH");
         if (options.outputFolder.empty() && options.htmlFile.empty())
             throw CLI::ValidationError("say where the page goes: --html FILE or --output DIR");
         return writePreview(options);

@@ -131,7 +131,8 @@ private:
 
 /// None when the worker is gone, needs too long, or does not speak as workers do.
 std::optional<PreviewDocument> converse(const MessageSocket& worker, const FileURL& url, IconSource* icons) {
-    if (!worker.send((icons != nullptr ? "1" : "0") + url.path())) return std::nullopt;
+    const auto job = icons != nullptr ? PreviewWorker::Job::previewWithIcons : PreviewWorker::Job::preview;
+    if (!worker.send(static_cast<char>(job) + url.path())) return std::nullopt;
     const auto end = std::chrono::steady_clock::now() + ConfinedPreview::patience;
     Answers answers(url, icons);
     while (std::chrono::steady_clock::now() < end) {
@@ -153,6 +154,15 @@ PreviewDocument ConfinedPreview::document(const FileURL& url, IconSource* icons)
         if (auto document = converse(worker, url, icons)) return *std::move(document);
     }
     return QuickPreview::failure(url, process.reason(), icons);
+}
+
+std::string ConfinedPreview::confinement() const {
+    constexpr std::size_t maxReportBytes = 4'096;
+    const Process process(program_);
+    if (!process.isRunning()) return {};
+    const MessageSocket worker(process.socket(), patience);
+    if (!worker.send(std::string(1, static_cast<char>(PreviewWorker::Job::reportConfinement)))) return {};
+    return worker.receive(maxReportBytes).value_or(Data());
 }
 
 } // namespace quillmar

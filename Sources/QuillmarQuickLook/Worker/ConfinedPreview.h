@@ -19,6 +19,10 @@ public:
     /// worker was stopped or made none.
     PreviewDocument document(const FileURL& url, IconSource* icons) const;
 
+    /// A line for each mechanism that confines workers on this machine, and whether it is in force; empty when
+    /// no worker can be started.
+    std::string confinement() const;
+
     /// After which a worker is stopped. Readers keep to budgets of two seconds.
     static constexpr std::chrono::milliseconds patience{10'000};
 

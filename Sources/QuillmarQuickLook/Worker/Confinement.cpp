@@ -3,7 +3,7 @@
 #include "QuillmarQuickLook/Worker/Landlock.h"
 #include "QuillmarQuickLook/Worker/SystemCallFilter.h"
 
-#include <csignal>
+#include <algorithm>
 #include <sys/prctl.h>
 #include <sys/resource.h>
 
@@ -42,7 +42,7 @@ bool limitResources() {
 
 } // namespace
 
-InForce confineTo(const FileURL& item) {
+InForce confineTo(const std::optional<FileURL>& item) {
     InForce inForce;
     inForce.resourceLimits = limitResources();
     const bool gainsNothing = ::prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) == 0; // what the next two ask for

@@ -2,6 +2,8 @@
 
 #include "Platform/FileURL.h"
 
+#include <optional>
+
 /// What a process gives up before it reads what strangers have made. Each mechanism stands without the others:
 /// where the kernel lacks one, the rest remain.
 namespace quillmar::Confinement {
@@ -15,8 +17,8 @@ struct InForce {
 };
 
 /// Confines this process and all its threads, for ever: it can read the file at \p item, or beneath the folder
-/// there, and open nothing else; it can write nothing, start nothing, signal nobody and reach no network. What
-/// is open stays open.
-InForce confineTo(const FileURL& item);
+/// there, and open nothing else; without an item nothing at all. It can write nothing, start nothing, signal
+/// nobody and reach no network. What is open stays open.
+InForce confineTo(const std::optional<FileURL>& item);
 
 } // namespace quillmar::Confinement

@@ -1,5 +1,6 @@
 #include "QuillmarQuickLook/Worker/Landlock.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -44,15 +45,14 @@ std::size_t sizeOfRules(int version) {
     return version >= 4 ? offsetof(Rules, scopes) : offsetof(Rules, network);
 }
 
-bool allowReading(int rules, const FileURL& item) {
+void allowReading(int rules, const FileURL& item) {
     const int descriptor = ::open(item.path().c_str(), O_PATH | O_CLOEXEC);
-    if (descriptor < 0) return false;
+    if (descriptor < 0) return;
     struct stat status {};
     const bool isFolder = ::fstat(descriptor, &status) == 0 && S_ISDIR(status.st_mode);
     const PathRule rule{.allowed = isFolder ? readFile | readFolder : readFile, .descriptor = descriptor};
-    const bool isAdded = ::syscall(SYS_landlock_add_rule, rules, pathBeneath, &rule, 0) == 0;
+    ::syscall(SYS_landlock_add_rule, rules, pathBeneath, &rule, 0); // refused, it leaves nothing to read
     ::close(descriptor);
-    return isAdded;
 }
 
 } // namespace
@@ -62,14 +62,14 @@ int version() {
     return version > 0 ? static_cast<int>(version) : 0;
 }
 
-bool restrictTo(const FileURL& item) {
+bool restrictTo(const std::optional<FileURL>& item) {
     const int known = std::min(version(), static_cast<int>(everything.size()));
     if (known == 0) return false;
     const Rules& forbidden = everything.at(static_cast<std::size_t>(known - 1));
     const int rules =
         static_cast<int>(::syscall(SYS_landlock_create_ruleset, &forbidden, sizeOfRules(known), 0));
     if (rules < 0) return false;
-    allowReading(rules, item); // an item that is gone leaves nothing to read
+    if (item) allowReading(rules, *item);
     const bool isInForce = ::syscall(SYS_landlock_restrict_self, rules, 0) == 0;
     ::close(rules);
     return isInForce;

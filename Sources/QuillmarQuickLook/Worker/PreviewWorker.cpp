@@ -21,6 +21,14 @@ void openLocale() {
     static_cast<void>(formattedInteger(INT_MAX));
 }
 
+std::string described(const Confinement::InForce& inForce) {
+    const auto line = [](std::string_view name, bool isInForce) {
+        return std::string(name).append(isInForce ? ": in force\n" : ": not to be had here\n");
+    };
+    return line("resource limits", inForce.resourceLimits) + line("Landlock", inForce.landlock) +
+           line("system call filter", inForce.seccomp);
+}
+
 } // namespace
 
 int run() {
@@ -28,14 +36,17 @@ int run() {
     const MessageSocket host(socketDescriptor, MessageSocket::forever);
     const auto job = host.receive(PATH_MAX + 1);
     if (!job || job->empty()) return 1;
-    const bool wantsIcons = job->front() == '1';
+    const Job kind{job->front()};
+    if (kind == Job::reportConfinement)
+        return host.send(described(Confinement::confineTo(std::nullopt))) ? 0 : 1;
     const FileURL url = FileURL::standardized(std::string_view(*job).substr(1), FileURL::root());
     openLocale();
     Confinement::confineTo(url);
 
     HostIcons icons(host);
     HostImages images(host);
-    const PreviewDocument document = QuickPreview::document(url, wantsIcons ? &icons : nullptr, &images);
+    const PreviewDocument document =
+        QuickPreview::document(url, kind == Job::previewWithIcons ? &icons : nullptr, &images);
     using WorkerMessages::Request;
     const Request done{
         .kind = Request::Kind::document, .maxBytes = 0, .text = WorkerMessages::encoded(document)};
