@@ -2,6 +2,7 @@
 
 #include "Platform/FileError.h"
 #include "Platform/FileHandle.h"
+#include "QuillmarQuickLook/Icons/DconfDatabase.h"
 #include "QuillmarQuickLook/Icons/KeyFile.h"
 
 #include <algorithm>
@@ -26,6 +27,18 @@ constexpr std::array gtk{
     Setting{"/gtk-3.0/settings.ini", "Settings", "gtk-icon-theme-name"},
 };
 
+/// A desktop that keeps its settings in dconf, and under which key. One without a name of its own is like
+/// GNOME.
+struct Relative {
+    std::string_view desktop; ///< in XDG_CURRENT_DESKTOP
+    std::string_view key;
+};
+constexpr std::array relatives{
+    Relative{"Cinnamon", "/org/cinnamon/desktop/interface/icon-theme"},
+    Relative{"MATE", "/org/mate/desktop/interface/icon-theme"},
+    Relative{"", "/org/gnome/desktop/interface/icon-theme"},
+};
+
 /// What desktops come with, the one without a desktop first.
 constexpr std::array<const char*, 3> knownThemes{"Adwaita", "breeze", "Papirus"};
 
@@ -47,27 +60,41 @@ bool isInstalled(const std::string& theme, const std::vector<std::string>& folde
     });
 }
 
-/// Empty when the file says nothing.
-std::string read(const std::string& folder, const Setting& setting) {
+/// Empty when there is no such file.
+Data contentOf(const std::string& path, std::size_t maxBytes) {
     try {
-        const FileURL url = FileURL::standardized(folder + setting.file, FileURL::root());
-        const KeyFile file(readPrefix(url, KeyFile::maxBytes));
-        return std::string(file.value(setting.group, setting.key).value_or(std::string_view()));
+        return readPrefix(FileURL::standardized(path, FileURL::root()), maxBytes);
     } catch (const FileError&) {
         return {};
     }
 }
 
+/// Empty when the file says nothing.
+std::string read(const std::string& folder, const Setting& setting) {
+    const KeyFile file(contentOf(folder + setting.file, KeyFile::maxBytes));
+    return std::string(file.value(setting.group, setting.key).value_or(std::string_view()));
+}
+
+std::string readDconf(const std::string& folder, std::string_view desktop) {
+    const Data database = contentOf(folder + "/dconf/user", DconfDatabase::maxBytes);
+    for (const Relative& relative : relatives)
+        if (desktop.find(relative.desktop) != desktop.npos)
+            return DconfDatabase::text(database, relative.key).value_or(std::string());
+    return {};
+}
+
 } // namespace
 
 std::string desktopIconTheme(const std::vector<std::string>& folders) {
-    const bool isKDE = variable("XDG_CURRENT_DESKTOP").find("KDE") != std::string::npos;
+    const std::string desktop = variable("XDG_CURRENT_DESKTOP");
+    const bool isKDE = desktop.find("KDE") != std::string::npos;
     const std::string settings = settingsFolder();
     if (!settings.empty()) {
-        std::vector<Setting> order(gtk.begin(), gtk.end());
-        order.insert(isKDE ? order.begin() : order.end(), kde);
-        for (const Setting& setting : order)
-            if (std::string theme = read(settings, setting); isInstalled(theme, folders)) return theme;
+        std::vector<std::string> themes{readDconf(settings, desktop)};
+        for (const Setting& setting : gtk) themes.push_back(read(settings, setting));
+        themes.insert(isKDE ? themes.begin() : themes.end(), read(settings, kde));
+        for (const std::string& theme : themes)
+            if (isInstalled(theme, folders)) return theme;
     }
     if (isKDE && isInstalled("breeze", folders)) return "breeze";
     for (const char* theme : knownThemes)
