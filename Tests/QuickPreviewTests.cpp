@@ -346,5 +346,70 @@ TEST_F(QuickPreviewTest, takesAnEmptyFileNamedLikeAnArchiveForText) {
     EXPECT_EQ(factsOf(preview("a.zip", "").html), joined({"Zip archive", "0 lines", "Zero KB"}));
 }
 
+// Images from elsewhere than the file system
+
+/// Images that are there whatever the file system holds, and a record of the questions.
+class RememberingImages : public ImageFiles {
+public:
+    std::optional<Image> image(const FileURL& url, std::int64_t maxBytes) override {
+        asked.push_back(url.path());
+        limits.push_back(maxBytes);
+        if (url.pathExtension() != "png") return std::nullopt;
+        return Image{.data = std::make_shared<const Data>("image of " + url.path()),
+                     .typeIdentifier = "public.gif"};
+    }
+
+    std::vector<std::string> asked;
+    std::vector<std::int64_t> limits;
+};
+
+TEST_F(QuickPreviewTest, takesTheImagesOfADocumentFromWhereItIsTold) {
+    RememberingImages images;
+    folder.write("there.jpg", "pixels");
+    const auto url = folder.write("a.md", "![a](gone.png) ![b](there.jpg) ![a](gone.png)\n");
+    const auto document = QuickPreview::document(url, nullptr, &images);
+    const std::string path = folder.url("gone.png").path();
+    EXPECT_EQ(images.asked, (std::vector<std::string>{path, folder.url("there.jpg").path()}));
+    EXPECT_EQ(images.limits.front(), 8'388'608);
+    ASSERT_EQ(document.attachments.size(), 2U);
+    EXPECT_EQ(*document.attachments.at("asset-1").data, "image of " + path);
+    EXPECT_EQ(document.attachments.at("asset-1").typeIdentifier, "public.gif");
+}
+
+TEST_F(QuickPreviewTest, takesImagesFromTheFileSystemWhenItIsToldNothing) {
+    folder.write("plan.png", "pixels");
+    const auto url = folder.write("a.md", "![a](plan.png)\n");
+    EXPECT_EQ(*QuickPreview::document(url, nullptr, nullptr).attachments.at("asset-0").data, "pixels");
+}
+
+TEST_F(QuickPreviewTest, takesNoImagesForWhatIsNoDocument) {
+    RememberingImages images;
+    QuickPreview::document(folder.write("a.c", "![a](gone.png)"), nullptr, &images);
+    EXPECT_TRUE(images.asked.empty());
+}
+
+// Failures
+
+TEST_F(QuickPreviewTest, saysWhyAnItemCouldNotBeRead) {
+    CountingIcons icons;
+    const auto url = folder.write("a.c", "x");
+    const auto document = QuickPreview::failure(url, "It is <too> heavy & old.", &icons);
+    expectSize(document, 520, 380);
+    EXPECT_EQ(between(document.html, "<h1>", "</h1>"), "a.c");
+    EXPECT_EQ(messageOf(document.html),
+              "Quillmar couldn&#39;t read this item. It is &lt;too&gt; heavy &amp; old.");
+    EXPECT_EQ(icons.askedFiles, std::vector<std::string>{url.path()});
+    EXPECT_EQ(*document.attachments.at("asset-0").data, "icon of " + url.path());
+}
+
+TEST_F(QuickPreviewTest, givesAFailureTheIconOfAnyData) {
+    CountingIcons icons;
+    icons.hasFileIcons = false;
+    const auto document = QuickPreview::failure(folder.url("gone"), "It is gone.", &icons);
+    EXPECT_EQ(icons.askedTypes, std::vector<std::string>{"public.data"});
+    EXPECT_EQ(document.attachments.size(), 1U);
+    EXPECT_TRUE(QuickPreview::failure(folder.url("gone"), "It is gone.", nullptr).attachments.empty());
+}
+
 } // namespace
 } // namespace quillmar

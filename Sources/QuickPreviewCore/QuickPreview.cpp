@@ -188,6 +188,11 @@ PreviewDocument document(const FileURL& url, IconSource* icons, ImageFiles* imag
     return finished(pageOrError(url, images != nullptr ? *images : localImages, assets), assets);
 }
 
+bool mayNameImages(const FileURL& url) {
+    const auto values = resourceValues(url);
+    return isMarkdown(url, values ? values->contentType : std::nullopt);
+}
+
 PreviewDocument failure(const FileURL& url, std::string_view message, IconSource* icons) {
     PreviewAssets assets(icons);
     const std::string sentence = std::string(unreadable).append(message);

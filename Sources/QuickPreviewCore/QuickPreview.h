@@ -14,6 +14,9 @@ namespace quillmar::QuickPreview {
 /// be null, and so may \p images: then they come from the file system. No state is kept between calls.
 PreviewDocument document(const FileURL& url, IconSource* icons, ImageFiles* images = nullptr);
 
+/// True when the item's page may hold images that it names: it is a Markdown document.
+bool mayNameImages(const FileURL& url);
+
 /// The page of an item at \p url that could not be read; \p message is a sentence that says why.
 PreviewDocument failure(const FileURL& url, std::string_view message, IconSource* icons);
 

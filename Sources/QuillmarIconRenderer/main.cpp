@@ -1,5 +1,5 @@
-// Draws pictures for the host: reads them one after the other from the socket that is its standard input, and
-// answers each with a PNG, or with nothing.
+// Draws pictures for the host: says with an empty message that it is ready, then reads one after the other from
+// the socket that is its standard input, and answers each with a PNG, or with nothing.
 
 #include "QuillmarIconRenderer/RenderedIcon.h"
 #include "QuillmarQuickLook/Icons/IconFinder.h"
@@ -25,6 +25,11 @@ int main() {
     warmUp();
     Confinement::confineTo(std::nullopt);
     const MessageSocket messages(STDIN_FILENO, MessageSocket::forever);
-    while (const auto picture = messages.receive(IconRenderer::maxPictureBytes))
-        if (!messages.send(renderedIcon(*picture, IconFinder::wantedSize).value_or(Data()))) break;
+    bool isHeard = messages.send({}); // ready
+    while (isHeard) {
+        const auto picture = messages.receive(IconRenderer::maxPictureBytes);
+        if (!picture) break;
+        isHeard = messages.send(renderedIcon(*picture, IconFinder::wantedSize).value_or(Data()));
+    }
+    ::_exit(0); // without leave to look around, it ends without tidying up
 }

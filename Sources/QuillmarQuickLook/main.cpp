@@ -2,9 +2,11 @@
 #include "QuillmarQuickLook/Worker/PreviewWorker.h"
 
 #include <string_view>
+#include <unistd.h>
 
 int main(int argc, char** argv) {
     using namespace quillmar;
-    if (argc == 2 && argv[1] == std::string_view(PreviewWorker::argument)) return PreviewWorker::run();
+    // Without leave to look around, a worker ends without tidying up.
+    if (argc == 2 && argv[1] == std::string_view(PreviewWorker::argument)) ::_exit(PreviewWorker::run());
     return static_cast<int>(CommandLine::run(argc, argv));
 }

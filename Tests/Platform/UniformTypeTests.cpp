@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <gtest/gtest.h>
 #include <string>
+#include <vector>
 
 namespace quillmar {
 namespace {
@@ -58,6 +59,30 @@ TEST(UniformType, conformsToItselfAndItsAncestorsOnly) {
     EXPECT_FALSE(source.conformsTo("no.such.type"));
 }
 
+std::vector<std::string> lineageOf(std::string_view identifier) {
+    std::vector<std::string> identifiers;
+    for (const UniformType& step : UniformType::withIdentifier(identifier).value().lineage())
+        identifiers.emplace_back(step.identifier());
+    return identifiers;
+}
+
+TEST(UniformType, hasALineageFromItselfToTheRoots) {
+    EXPECT_EQ(lineageOf("public.png"), (std::vector<std::string>{"public.png", "public.image", "public.data",
+                                                                 "public.content", "public.item"}));
+}
+
+TEST(UniformType, withoutParentsIsItsOwnLineage) {
+    EXPECT_EQ(lineageOf("public.item"), std::vector<std::string>{"public.item"});
+}
+
+TEST(UniformType, hasAllItsParentsInItsLineageBeforeTheirParents) {
+    const auto lineage = lineageOf("public.vcard"); // text and a contact
+    ASSERT_GE(lineage.size(), 4U);
+    EXPECT_EQ(lineage[0], "public.vcard");
+    EXPECT_EQ(lineage[1], "public.text");
+    EXPECT_EQ(lineage[2], "public.contact");
+}
+
 TEST(UniformType, takesTheDescriptionOfItsNearestAncestor) {
     EXPECT_EQ(UniformType::withIdentifier("net.daringfireball.markdown")->localizedDescription(),
               "Markdown document");
@@ -81,6 +106,18 @@ TEST(UniformTypeTable, describesEveryTypeAndEndsEveryLineageAtARoot) {
         const auto type = UniformType::withIdentifier(row.identifier);
         ASSERT_TRUE(type) << row.identifier;
         EXPECT_FALSE(type->conformsTo("no.such.type"));
+    }
+}
+
+TEST(UniformTypeTable, hasEveryAncestorOnceInALineageAndConformsToIt) {
+    for (const auto& row : UniformTypeTable::types) {
+        const auto type = UniformType::withIdentifier(row.identifier).value();
+        auto identifiers = lineageOf(row.identifier);
+        EXPECT_EQ(identifiers.front(), row.identifier);
+        for (const std::string& identifier : identifiers)
+            EXPECT_TRUE(type.conformsTo(identifier)) << row.identifier << ' ' << identifier;
+        std::ranges::sort(identifiers);
+        EXPECT_EQ(std::ranges::adjacent_find(identifiers), identifiers.end()) << row.identifier;
     }
 }
 

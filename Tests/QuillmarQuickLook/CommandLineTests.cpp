@@ -45,7 +45,7 @@ TEST(CommandLine, writesAPageToAFile) {
 TEST(CommandLine, writesAFolder) {
     const TemporaryFolder folder;
     const auto outcome =
-        runWith({"--output", (folder.path() / "out").string(), folder.write("a.c", "x").path()});
+        runWith({"--no-icons", "--output", (folder.path() / "out").string(), folder.write("a.c", "x").path()});
     EXPECT_EQ(outcome.status, 0);
     EXPECT_TRUE(std::filesystem::exists(folder.path() / "out/index.html"));
     EXPECT_EQ(contentsOf(folder.path() / "out/preview.json"),

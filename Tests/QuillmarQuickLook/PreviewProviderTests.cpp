@@ -48,5 +48,42 @@ TEST(PreviewProvider, logsNothingUnlessAsked) {
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
 }
 
+TEST(PreviewProvider, repliesWithTheDocumentThatItIsGivenAMakerOf) {
+    CountingIcons icons;
+    std::vector<std::string> made;
+    const auto makeDocument = [&](const FileURL& url, IconSource* source) {
+        EXPECT_EQ(source, &icons);
+        made.push_back(url.path());
+        PreviewDocument document{.html = "page", .attachments = {}, .width = 12, .height = 34};
+        document.attachments["asset-0"] = {.data = std::make_shared<const Data>("x"),
+                                           .typeIdentifier = "public.jpeg"};
+        document.attachments["asset-1"] = {.data = std::make_shared<const Data>("y"),
+                                           .typeIdentifier = "of nobody's making"};
+        return document;
+    };
+    const PreviewProvider provider(&icons, false, makeDocument);
+    PreviewReply reply = provider.providePreview({FileURL::standardized("/gone", FileURL::root())});
+    EXPECT_EQ(reply.contentSize.width, 12);
+    EXPECT_EQ(reply.contentSize.height, 34);
+    EXPECT_EQ(reply.data(), "page");
+    EXPECT_EQ(reply.attachments.at("asset-0").contentType.identifier(), "public.jpeg");
+    EXPECT_EQ(reply.attachments.at("asset-1").contentType.identifier(), "public.data");
+    EXPECT_EQ(made, std::vector<std::string>{"/gone"});
+}
+
+TEST(PreviewProvider, makesADocumentForEachRequest) {
+    int made = 0;
+    const auto makeDocument = [&made](const FileURL&, IconSource*) {
+        ++made;
+        return PreviewDocument{.html = std::to_string(made), .attachments = {}, .width = 1, .height = 1};
+    };
+    const PreviewProvider provider(nullptr, false, makeDocument);
+    PreviewReply first = provider.providePreview({FileURL::root()});
+    PreviewReply second = provider.providePreview({FileURL::root()});
+    EXPECT_EQ(second.data(), "2");
+    EXPECT_EQ(first.data(), "1");
+    EXPECT_EQ(made, 2);
+}
+
 } // namespace
 } // namespace quillmar

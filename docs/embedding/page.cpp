@@ -1,7 +1,7 @@
 // Prints the page of a file or folder: all that a program needs to do to show previews of its own.
 //
-// The core reads what strangers have made. A program that shows previews of anything should call it in a process
-// that can do nothing else, as Quillmar's host does.
+// The core reads what strangers have made. A program that shows previews of anything should call it in a
+// process that can do nothing else, as Quillmar's host does.
 
 #include <QuickPreview.h>
 #include <cstdio>

@@ -20,8 +20,8 @@ public:
     };
 
     virtual ~ImageFiles() = default;
-    /// The content of the regular file at \p url; none when it is no such file, has more than \p maxBytes bytes,
-    /// or cannot be read.
+    /// The content of the regular file at \p url; none when it is no such file, has more than \p maxBytes
+    /// bytes, or cannot be read.
     virtual std::optional<Image> image(const FileURL& url, std::int64_t maxBytes) = 0;
 };
 

@@ -48,7 +48,7 @@ std::string variable(const char* name) {
 }
 
 std::string settingsFolder() {
-    if (const std::string folder = variable("XDG_CONFIG_HOME"); folder.starts_with('/')) return folder;
+    if (std::string folder = variable("XDG_CONFIG_HOME"); folder.starts_with('/')) return folder;
     const std::string home = variable("HOME");
     return home.starts_with('/') ? home + "/.config" : std::string();
 }

@@ -101,41 +101,42 @@ std::optional<Data> FinderIcons::iconForFile(const FileURL& url) {
 std::optional<Data> FinderIcons::iconNamed(const std::vector<std::string>& names) {
     std::string key = places_.theme + separator + themeTimes_;
     for (const std::string& name : names) key += separator + name;
-    const auto kept = cache_.find(key);
-    const auto icon = kept ? KeptIcon::split(*kept) : std::nullopt;
+    const auto entry = cache_.find(key);
+    const auto icon = entry ? KeptIcon::split(*entry) : std::nullopt;
     if (icon && timeOf(std::string(icon->path)) == icon->time) return nonEmpty(icon->png);
 
     if (const auto path = finder().find(names)) return draw(key, *path);
     for (const std::string& name : names) {
         const std::string_view svg = BuiltInIcons::svg(name);
         if (svg.empty()) continue;
-        const auto png = renderer_.render(svg);
-        if (png) cache_.store(key, KeptIcon{.path = {}, .time = {}, .png = *png}.joined());
-        return png;
+        return kept(key, {}, {}, renderer_.render(svg));
     }
     return std::nullopt;
 }
 
 std::optional<Data> FinderIcons::iconInFile(const std::string& path) {
-    const auto kept = cache_.find(path);
-    const auto icon = kept ? KeptIcon::split(*kept) : std::nullopt;
+    const auto entry = cache_.find(path);
+    const auto icon = entry ? KeptIcon::split(*entry) : std::nullopt;
     if (icon && timeOf(path) == icon->time) return nonEmpty(icon->png);
     return draw(path, path);
 }
 
-/// Draws the picture at \p path and keeps it under \p key; what cannot be drawn is remembered as well.
 std::optional<Data> FinderIcons::draw(const std::string& key, const std::string& path) {
     const std::string time = timeOf(path);
-    std::optional<Data> png;
     try {
-        const Data picture =
-            readPrefix(FileURL::standardized(path, FileURL::root()), IconRenderer::maxPictureBytes + 1);
-        png = renderer_.render(picture);
+        const FileURL url = FileURL::standardized(path, FileURL::root());
+        return kept(key, path, time, renderer_.render(readPrefix(url, IconRenderer::maxPictureBytes + 1)));
     } catch (const FileError&) {
         return std::nullopt;
     }
-    cache_.store(key, KeptIcon{.path = path, .time = time, .png = png ? std::string_view(*png) : ""}.joined());
-    return png;
+}
+
+/// Keeps what has been drawn; what cannot be drawn is remembered as well, but not that nothing draws.
+std::optional<Data> FinderIcons::kept(const std::string& key, const std::string& path, const std::string& time,
+                                      std::optional<Data> png) {
+    if (!png) return std::nullopt;
+    cache_.store(key, KeptIcon{.path = path, .time = time, .png = *png}.joined());
+    return nonEmpty(*png);
 }
 
 const IconFinder& FinderIcons::finder() {

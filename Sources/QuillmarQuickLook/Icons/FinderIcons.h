@@ -33,6 +33,8 @@ private:
     std::optional<Data> iconNamed(const std::vector<std::string>& names);
     std::optional<Data> iconInFile(const std::string& path);
     std::optional<Data> draw(const std::string& key, const std::string& path);
+    std::optional<Data> kept(const std::string& key, const std::string& path, const std::string& time,
+                             std::optional<Data> png);
     const IconFinder& finder();
 
     Places places_;

@@ -6,8 +6,8 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <deque>
 #include <memory>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace quillmar {
@@ -25,6 +25,16 @@ constexpr const char* defaultDataFolders = "/usr/local/share:/usr/share";
 /// A name that is a single component, so that no theme and no application can lead elsewhere.
 bool isPlainName(const std::string& name) {
     return !name.empty() && name != "." && name != ".." && name.find('/') == name.npos;
+}
+
+std::string childOf(const std::string& folder, std::string_view name) {
+    std::string path = folder;
+    return path.append("/").append(name);
+}
+
+bool isReadableFile(const std::string& path) {
+    struct stat status {};
+    return ::stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode) && ::access(path.c_str(), R_OK) == 0;
 }
 
 /// The path without links in it, empty when there is no such file.
@@ -69,18 +79,30 @@ std::vector<std::string> IconFinder::standardFolders() {
     return folders;
 }
 
-IconFinder::IconFinder(const std::string& theme, std::vector<std::string> folders) {
+IconFinder::IconFinder(const std::string& theme, const std::vector<std::string>& folders) {
     for (const std::string& folder : folders) {
         std::string path = resolved(folder);
         if (!path.empty() && std::ranges::find(folders_, path) == folders_.end())
             folders_.push_back(std::move(path));
     }
-    std::vector<std::string> names{theme}; // each once, so that no circle of inheritance goes round
-    for (std::size_t i = 0; i < names.size() && i < maxThemes; ++i)
-        if (const auto loaded = load(names[i]))
-            for (const std::string& parent : loaded->inherits)
-                if (std::ranges::find(names, parent) == names.end()) names.push_back(parent);
-    if (std::ranges::find(names, lastTheme) == names.end()) load(lastTheme);
+    loadWithParents(theme);
+    load(lastTheme);
+}
+
+/// A theme's parents follow it with all that they inherit, each theme once.
+void IconFinder::loadWithParents(const std::string& theme) {
+    std::vector<std::string> pending{theme}; // the next one last
+    std::vector<std::string> visited;
+    while (!pending.empty() && visited.size() < maxThemes) {
+        const std::string name = std::move(pending.back());
+        pending.pop_back();
+        if (name == lastTheme || std::ranges::find(visited, name) != visited.end()) continue;
+        visited.push_back(name);
+        const auto loaded = load(name);
+        if (!loaded) continue;
+        const std::size_t parents = std::min(loaded->inherits.size(), maxThemes);
+        for (std::size_t i = parents; i-- > 0;) pending.push_back(loaded->inherits[i]);
+    }
 }
 
 /// Adds the theme to those that are searched.
@@ -89,7 +111,7 @@ std::optional<IconTheme> IconFinder::load(const std::string& name) {
     Theme theme;
     std::optional<IconTheme> index;
     for (const std::string& folder : folders_) {
-        std::string root = folder + '/' + name;
+        std::string root = childOf(folder, name);
         if (::access(root.c_str(), X_OK) != 0) continue;
         if (!index) {
             try {
@@ -121,14 +143,14 @@ std::optional<std::string> IconFinder::findIn(const Theme& theme, const std::str
     if (!isPlainName(name)) return std::nullopt;
     for (const IconDirectory& directory : theme.directories)
         for (const std::string& root : theme.roots)
-            if (auto file = fileAt(root + '/' + directory.path + '/' + name)) return file;
+            if (auto file = fileAt(childOf(childOf(root, directory.path), name))) return file;
     return std::nullopt;
 }
 
 std::optional<std::string> IconFinder::findWithoutTheme(const std::string& name) const {
     if (!isPlainName(name)) return std::nullopt;
     for (const std::string& folder : folders_)
-        if (auto file = fileAt(folder + '/' + name)) return file;
+        if (auto file = fileAt(childOf(folder, name))) return file;
     return std::nullopt;
 }
 
@@ -136,7 +158,7 @@ std::optional<std::string> IconFinder::findWithoutTheme(const std::string& name)
 std::optional<std::string> IconFinder::fileAt(const std::string& stem) const {
     for (const char* extension : {".png", ".svg"}) {
         std::string path = stem + extension;
-        if (::access(path.c_str(), R_OK) == 0 && isInside(path)) return path;
+        if (isReadableFile(path) && isInside(path)) return path;
     }
     return std::nullopt;
 }

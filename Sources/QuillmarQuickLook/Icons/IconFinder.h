@@ -12,9 +12,9 @@ namespace quillmar {
 /// Finds icons in the desktop's themes.
 class IconFinder {
 public:
-    /// \p theme is the user's; it and what it inherits are searched in \p folders, the user's own first. Reads
-    /// the themes' indices.
-    IconFinder(const std::string& theme, std::vector<std::string> folders);
+    /// \p theme is the user's; it and what it inherits are searched in \p folders, the user's own first: each
+    /// parent with its own parents before the next one, and "hicolor" at last. Reads the themes' indices.
+    IconFinder(const std::string& theme, const std::vector<std::string>& folders);
 
     /// The file of the first of \p names that there is, in the best size for \p pixels: a picture that is
     /// reduced looks better than one that is enlarged. A theme's own icon of a later name goes before an
@@ -35,6 +35,7 @@ private:
         std::vector<IconDirectory> directories; ///< the best first
     };
 
+    void loadWithParents(const std::string& theme);
     std::optional<IconTheme> load(const std::string& name);
     std::optional<std::string> findIn(const Theme& theme, const std::string& name) const;
     std::optional<std::string> findWithoutTheme(const std::string& name) const;

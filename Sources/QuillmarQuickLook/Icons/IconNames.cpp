@@ -11,15 +11,15 @@ struct Family {
     std::array<std::string_view, 2> names; ///< the second may be empty
 };
 
-/// A type is called what the first family says that it conforms to.
+/// A type is called what the first family says that it conforms to. A volume is a folder as well.
 constexpr std::array families{
     Family{"com.apple.application", {"application-x-executable", ""}},
     Family{"com.apple.application-bundle", {"application-x-executable", ""}},
     Family{"public.executable", {"application-x-executable", ""}},
-    Family{"public.folder", {"folder", "inode-directory"}},
-    Family{"public.directory", {"folder", "inode-directory"}},
     Family{"public.disk-image", {"application-x-cd-image", "drive-harddisk"}},
     Family{"public.volume", {"drive-harddisk", ""}},
+    Family{"public.folder", {"folder", "inode-directory"}},
+    Family{"public.directory", {"folder", "inode-directory"}},
     Family{"public.image", {"image-x-generic", ""}},
     Family{"public.movie", {"video-x-generic", ""}},
     Family{"public.video", {"video-x-generic", ""}},
@@ -46,8 +46,9 @@ void add(std::vector<std::string>& names, std::string name) {
     if (!name.empty() && std::ranges::find(names, name) == names.end()) names.push_back(std::move(name));
 }
 
+/// Without parameters ("; charset=utf-8").
 std::string nameOfMIMEType(std::string_view type) {
-    std::string name(type);
+    std::string name(type.substr(0, type.find(';')));
     std::ranges::replace(name, '/', '-');
     return name;
 }

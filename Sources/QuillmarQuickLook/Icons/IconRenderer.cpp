@@ -3,10 +3,10 @@
 #include "QuillmarQuickLook/MessageSocket.h"
 
 #include <array>
+#include <climits>
 #include <csignal>
 #include <cstdint>
 #include <cstring>
-#include <limits.h>
 #include <spawn.h>
 #include <sys/socket.h>
 #include <sys/wait.h>
@@ -36,6 +36,7 @@ std::string IconRenderer::standardProgram() {
 }
 
 bool IconRenderer::start() {
+    if (program_.empty()) return false;
     std::array<int, 2> ends{};
     if (::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends.data()) != 0) return false;
     posix_spawn_file_actions_t actions;
@@ -54,7 +55,9 @@ bool IconRenderer::start() {
     }
     process_ = process;
     socket_ = ends[0];
-    return true;
+    const bool isReady = MessageSocket(socket_, startPatience).receive(0).has_value();
+    if (!isReady) stop();
+    return isReady;
 }
 
 void IconRenderer::stop() {
@@ -67,15 +70,12 @@ void IconRenderer::stop() {
 }
 
 std::optional<Data> IconRenderer::render(DataView picture) {
-    if (picture.size() > maxPictureBytes || program_.empty()) return std::nullopt;
+    if (picture.size() > maxPictureBytes) return Data();
     if (process_ < 0 && !start()) return std::nullopt;
     const MessageSocket messages(socket_, patience);
     auto icon = messages.send(picture) ? messages.receive(maxIconBytes) : std::nullopt;
-    if (!icon) {
-        stop();
-        return std::nullopt;
-    }
-    if (!isIcon(*icon)) return std::nullopt;
+    if (!icon) stop();
+    if (!icon || !isIcon(*icon)) return Data();
     return icon;
 }
 

@@ -23,7 +23,8 @@ public:
     /// The program that belongs to this one: beside it, or where the installation puts it.
     static std::string standardProgram();
 
-    /// \p picture, an SVG or a PNG, as a PNG of 128 by 128 pixels; none when it cannot be drawn in time.
+    /// \p picture, an SVG or a PNG, as a PNG of 128 by 128 pixels; empty when it cannot be drawn, or not in
+    /// time. None when there is no program that draws.
     std::optional<Data> render(DataView picture);
 
     /// Bytes of a picture. Themes have up to 300 KB.
@@ -32,6 +33,8 @@ public:
     static constexpr std::size_t maxIconBytes = 131'072;
     /// A page waits for each of its icons.
     static constexpr std::chrono::milliseconds patience{500};
+    /// The program loads what it draws with, which takes long the first time.
+    static constexpr std::chrono::milliseconds startPatience{3'000};
 
 private:
     bool start();

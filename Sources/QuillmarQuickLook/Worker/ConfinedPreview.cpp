@@ -15,12 +15,11 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-extern char** environ;
-
 namespace quillmar {
 namespace {
 
 using WorkerMessages::Request;
+using Moment = std::chrono::steady_clock::time_point;
 
 /// A worker's process and the socket to it; killed when this goes.
 class Process {
@@ -42,29 +41,34 @@ public:
     }
     ~Process() {
         if (socket_ >= 0) ::close(socket_);
-        if (process_ < 0) return;
-        ::kill(process_, SIGKILL);
-        ::waitpid(process_, nullptr, 0);
+        end();
     }
     Process(const Process&) = delete;
     Process& operator=(const Process&) = delete;
 
     bool isRunning() const { return process_ >= 0; }
 
-    /// Why it has given no answer, for the user.
-    std::string_view reason() {
+    /// Why it has given no answer, for the user. Ends it.
+    std::string_view reason(bool isLate) {
         if (process_ < 0) return "No program could be started that reads it.";
-        int status = 0;
-        const bool hasEnded = ::waitpid(process_, &status, WNOHANG) == process_;
-        if (!hasEnded) return "Reading it took too long and was stopped.";
-        process_ = -1;
+        const int status = end();
         const bool ranOutOfTime = WIFSIGNALED(status) && WTERMSIG(status) == SIGXCPU;
-        return ranOutOfTime ? "Reading it took too long and was stopped."
-                            : "The program that reads it has stopped unexpectedly.";
+        return isLate || ranOutOfTime ? "Reading it took too long and was stopped."
+                                      : "The program that reads it has stopped unexpectedly.";
     }
     int socket() const { return socket_; }
 
 private:
+    /// Its status; that of a process which has ended before does not change.
+    int end() {
+        int status = 0;
+        if (process_ < 0) return status;
+        ::kill(process_, SIGKILL);
+        ::waitpid(process_, &status, 0);
+        process_ = -1;
+        return status;
+    }
+
     pid_t process_ = -1;
     int socket_ = -1;
 };
@@ -72,7 +76,8 @@ private:
 /// Answers what a worker may ask, and no more of it than a preview needs.
 class Answers {
 public:
-    Answers(const FileURL& item, IconSource* icons) : item_(item), icons_(icons) {}
+    Answers(const FileURL& item, IconSource* icons)
+        : item_(item), icons_(icons), mayNameImages_(QuickPreview::mayNameImages(item)) {}
 
     std::optional<ImageFiles::Image> to(const Request& request) {
         switch (request.kind) {
@@ -98,19 +103,19 @@ private:
 
     /// Of the item, or of what is in it.
     std::optional<ImageFiles::Image> fileIcon(const std::string& path) {
-        if (icons_ == nullptr || --iconsLeft_ < 0 || !isInItem(path)) return std::nullopt;
-        return answer(icons_->iconForFile(FileURL::standardized(path, FileURL::root())));
+        if (icons_ == nullptr || --iconsLeft_ < 0 || path.find('\0') != std::string::npos) return std::nullopt;
+        const FileURL url = FileURL::standardized(path, FileURL::root());
+        return isInItem(url.path()) ? answer(icons_->iconForFile(url)) : std::nullopt;
     }
 
     bool isInItem(const std::string& path) const {
-        if (path.find('\0') != std::string::npos) return false;
         const std::string inside = item_.path() == "/" ? "/" : item_.path() + '/';
         return path == item_.path() || path.starts_with(inside);
     }
 
     /// The files that a document names lie anywhere; what bounds a worker is how many bytes it gets.
     std::optional<ImageFiles::Image> image(const Request& request) {
-        if (request.text.find('\0') != std::string::npos) return std::nullopt;
+        if (!mayNameImages_ || request.text.find('\0') != std::string::npos) return std::nullopt;
         const std::int64_t wanted =
             std::min({request.maxBytes, MarkdownLimits::maxImageBytes, imageBytesLeft_});
         if (wanted < 0) return std::nullopt;
@@ -124,16 +129,17 @@ private:
 
     const FileURL& item_;
     IconSource* icons_;
+    bool mayNameImages_;
     LocalImageFiles images_;
     int iconsLeft_ = maxIcons;
     std::int64_t imageBytesLeft_ = MarkdownLimits::maxAttachedImageBytes;
 };
 
 /// None when the worker is gone, needs too long, or does not speak as workers do.
-std::optional<PreviewDocument> converse(const MessageSocket& worker, const FileURL& url, IconSource* icons) {
+std::optional<PreviewDocument> converse(const MessageSocket& worker, const FileURL& url, IconSource* icons,
+                                        Moment end) {
     const auto job = icons != nullptr ? PreviewWorker::Job::previewWithIcons : PreviewWorker::Job::preview;
     if (!worker.send(static_cast<char>(job) + url.path())) return std::nullopt;
-    const auto end = std::chrono::steady_clock::now() + ConfinedPreview::patience;
     Answers answers(url, icons);
     while (std::chrono::steady_clock::now() < end) {
         auto message = worker.receive(WorkerMessages::maxMessageBytes);
@@ -148,12 +154,13 @@ std::optional<PreviewDocument> converse(const MessageSocket& worker, const FileU
 } // namespace
 
 PreviewDocument ConfinedPreview::document(const FileURL& url, IconSource* icons) const {
+    const Moment end = std::chrono::steady_clock::now() + patience;
     Process process(program_);
     if (process.isRunning()) {
         const MessageSocket worker(process.socket(), patience);
-        if (auto document = converse(worker, url, icons)) return *std::move(document);
+        if (auto document = converse(worker, url, icons, end)) return *std::move(document);
     }
-    return QuickPreview::failure(url, process.reason(), icons);
+    return QuickPreview::failure(url, process.reason(std::chrono::steady_clock::now() >= end), icons);
 }
 
 std::string ConfinedPreview::confinement() const {

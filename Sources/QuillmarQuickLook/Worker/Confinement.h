@@ -16,9 +16,9 @@ struct InForce {
     bool operator==(const InForce&) const = default;
 };
 
-/// Confines this process and all its threads, for ever: it can read the file at \p item, or beneath the folder
-/// there, and open nothing else; without an item nothing at all. It can write nothing, start nothing, signal
-/// nobody and reach no network. What is open stays open.
+/// Confines this process for ever, to be called while it has one thread: it can read the file at \p item, or
+/// beneath the folder there, and open nothing else; without an item nothing at all. It can write nothing, start
+/// nothing, signal nobody and reach no network. What is open stays open.
 InForce confineTo(const std::optional<FileURL>& item);
 
 } // namespace quillmar::Confinement

@@ -15,6 +15,9 @@
 namespace quillmar::PreviewWorker {
 namespace {
 
+/// Bytes of a path and what is wanted of it. The system refuses shorter ones, but that is for the page to say.
+constexpr std::size_t maxJobBytes = 1'048'576;
+
 /// Lets libraries read what they need of the user's zone and locale while they can.
 void openLocale() {
     static_cast<void>(formattedDate(0));
@@ -34,7 +37,7 @@ std::string described(const Confinement::InForce& inForce) {
 int run() {
     ::prctl(PR_SET_PDEATHSIG, SIGKILL); // nobody waits for the page of a host that is gone
     const MessageSocket host(socketDescriptor, MessageSocket::forever);
-    const auto job = host.receive(PATH_MAX + 1);
+    const auto job = host.receive(maxJobBytes);
     if (!job || job->empty()) return 1;
     const Job kind{job->front()};
     if (kind == Job::reportConfinement)

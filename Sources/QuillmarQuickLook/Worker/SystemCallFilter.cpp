@@ -12,70 +12,29 @@ namespace quillmar::SystemCallFilter {
 namespace {
 
 /// Whatever their arguments are.
-constexpr std::array allowed{
+constexpr std::array allowed {
     // Reading what is open, asking what is there.
-    SCMP_SYS(close),
-    SCMP_SYS(read),
-    SCMP_SYS(pread64),
-    SCMP_SYS(readv),
-    SCMP_SYS(lseek),
-    SCMP_SYS(getdents64),
-    SCMP_SYS(fstat),
-    SCMP_SYS(stat),
-    SCMP_SYS(lstat),
-    SCMP_SYS(newfstatat),
-    SCMP_SYS(statx),
-    SCMP_SYS(fstatfs),
-    SCMP_SYS(statfs),
-    SCMP_SYS(readlink),
-    SCMP_SYS(readlinkat),
-    SCMP_SYS(access),
-    SCMP_SYS(faccessat),
-    SCMP_SYS(faccessat2),
-    SCMP_SYS(getcwd),
-    // What is open already: the socket to the host, standard error.
-    SCMP_SYS(write),
-    SCMP_SYS(writev),
-    SCMP_SYS(sendto),
-    SCMP_SYS(recvfrom),
-    SCMP_SYS(sendmsg),
-    SCMP_SYS(recvmsg),
-    SCMP_SYS(poll),
-    SCMP_SYS(ppoll),
-    // Memory.
-    SCMP_SYS(brk),
-    SCMP_SYS(mmap),
-    SCMP_SYS(munmap),
-    SCMP_SYS(mremap),
-    SCMP_SYS(mprotect),
-    SCMP_SYS(madvise),
-    // Threads, locks, time.
-    SCMP_SYS(futex),
-    SCMP_SYS(set_robust_list),
-    SCMP_SYS(rseq),
-    SCMP_SYS(sched_yield),
-    SCMP_SYS(sched_getaffinity),
-    SCMP_SYS(gettid),
-    SCMP_SYS(getpid),
-    SCMP_SYS(clock_gettime),
-    SCMP_SYS(clock_nanosleep),
-    SCMP_SYS(gettimeofday),
-    SCMP_SYS(time),
-    SCMP_SYS(rt_sigaction),
-    SCMP_SYS(rt_sigprocmask),
-    SCMP_SYS(rt_sigreturn),
-    SCMP_SYS(sigaltstack),
-    SCMP_SYS(restart_syscall),
-    SCMP_SYS(getrandom),
-    SCMP_SYS(getrusage),
-    SCMP_SYS(sysinfo),
-    SCMP_SYS(uname),
-    SCMP_SYS(geteuid),
-    SCMP_SYS(getuid),
-    SCMP_SYS(getegid),
-    SCMP_SYS(getgid),
-    SCMP_SYS(exit),
-    SCMP_SYS(exit_group),
+    SCMP_SYS(close), SCMP_SYS(read), SCMP_SYS(pread64), SCMP_SYS(readv), SCMP_SYS(lseek), SCMP_SYS(getdents64),
+        SCMP_SYS(fstat), SCMP_SYS(stat), SCMP_SYS(lstat), SCMP_SYS(newfstatat), SCMP_SYS(statx),
+        SCMP_SYS(fstatfs), SCMP_SYS(statfs), SCMP_SYS(readlink), SCMP_SYS(readlinkat), SCMP_SYS(access),
+        SCMP_SYS(faccessat), SCMP_SYS(faccessat2), SCMP_SYS(getcwd),
+        // What is open already: the socket to the host, standard error.
+        SCMP_SYS(write), SCMP_SYS(writev), SCMP_SYS(sendto), SCMP_SYS(recvfrom), SCMP_SYS(sendmsg),
+        SCMP_SYS(recvmsg), SCMP_SYS(poll), SCMP_SYS(ppoll),
+        // Memory.
+        SCMP_SYS(brk), SCMP_SYS(mmap), SCMP_SYS(munmap), SCMP_SYS(mremap), SCMP_SYS(mprotect),
+        SCMP_SYS(madvise),
+        // Threads, locks, time.
+        SCMP_SYS(futex), SCMP_SYS(set_robust_list), SCMP_SYS(rseq), SCMP_SYS(sched_yield),
+        SCMP_SYS(sched_getaffinity), SCMP_SYS(gettid), SCMP_SYS(getpid), SCMP_SYS(clock_gettime),
+        SCMP_SYS(clock_nanosleep), SCMP_SYS(gettimeofday), SCMP_SYS(time), SCMP_SYS(rt_sigaction),
+        SCMP_SYS(rt_sigprocmask), SCMP_SYS(rt_sigreturn), SCMP_SYS(sigaltstack), SCMP_SYS(restart_syscall),
+        SCMP_SYS(getrandom), SCMP_SYS(getrusage), SCMP_SYS(sysinfo), SCMP_SYS(uname), SCMP_SYS(geteuid),
+        SCMP_SYS(getuid), SCMP_SYS(getegid), SCMP_SYS(getgid), SCMP_SYS(exit), SCMP_SYS(exit_group),
+#if defined(__SANITIZE_ADDRESS__)
+        SCMP_SYS(pipe), // the sanitizers test through one whether memory can be read
+        SCMP_SYS(pipe2),
+#endif
 };
 
 struct Release {

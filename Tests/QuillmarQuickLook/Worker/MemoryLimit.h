@@ -1,0 +1,13 @@
+#pragma once
+
+namespace quillmar {
+
+/// Whether a confined process's memory is limited: not under the sanitizer of addresses, which reserves
+/// terabytes.
+#if defined(__SANITIZE_ADDRESS__)
+inline constexpr bool isMemoryLimited = false;
+#else
+inline constexpr bool isMemoryLimited = true;
+#endif
+
+} // namespace quillmar
