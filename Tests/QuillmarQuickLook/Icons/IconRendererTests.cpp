@@ -34,8 +34,10 @@ struct IconRendererTest : testing::Test {
     /// Answers every picture of \p pictureBytes with the same bytes.
     std::string programThatSays(const Data& bytes) const {
         folder.write("answer", bytes);
-        return program("while head -c " + std::to_string(4 + picture.size()) + " > '" + path("picture") +
-                       "' && test -s '" + path("picture") + "'; do cat '" + path("answer") + "' >&0; done\n");
+        // A picture is seen whole or not at all.
+        return program("cd '" + folder.path().string() + "'\nwhile head -c " +
+                       std::to_string(4 + picture.size()) +
+                       " > next && test -s next; do mv next picture; cat answer >&0; done\n");
     }
 
     std::vector<int> processes() const {
