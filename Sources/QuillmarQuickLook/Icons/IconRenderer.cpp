@@ -4,12 +4,6 @@
 
 #include <array>
 #include <climits>
-#include <csignal>
-#include <cstdint>
-#include <cstring>
-#include <spawn.h>
-#include <sys/socket.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 namespace quillmar {
@@ -37,44 +31,19 @@ std::string IconRenderer::standardProgram() {
 
 bool IconRenderer::start() {
     if (program_.empty()) return false;
-    std::array<int, 2> ends{};
-    if (::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends.data()) != 0) return false;
-    posix_spawn_file_actions_t actions;
-    posix_spawn_file_actions_init(&actions);
-    posix_spawn_file_actions_adddup2(&actions, ends[1], STDIN_FILENO);
-    std::array<char*, 2> arguments{program_.data(), nullptr};
-    std::array<char*, 1> environment{nullptr}; // nothing in it is the program's business
-    pid_t process = -1;
-    const int error =
-        ::posix_spawn(&process, program_.c_str(), &actions, nullptr, arguments.data(), environment.data());
-    posix_spawn_file_actions_destroy(&actions);
-    ::close(ends[1]);
-    if (error != 0) {
-        ::close(ends[0]);
-        return false;
-    }
-    process_ = process;
-    socket_ = ends[0];
-    const bool isReady = MessageSocket(socket_, startPatience).receive(0).has_value();
-    if (!isReady) stop();
+    process_.emplace(program_, std::string(), ChildProcess::Environment::empty);
+    const bool isReady =
+        process_->isRunning() && MessageSocket(process_->socket(), startPatience).receive(0).has_value();
+    if (!isReady) process_.reset();
     return isReady;
-}
-
-void IconRenderer::stop() {
-    if (process_ < 0) return;
-    ::close(socket_);
-    ::kill(process_, SIGKILL);
-    ::waitpid(process_, nullptr, 0);
-    process_ = -1;
-    socket_ = -1;
 }
 
 std::optional<Data> IconRenderer::render(DataView picture) {
     if (picture.size() > maxPictureBytes) return Data();
-    if (process_ < 0 && !start()) return std::nullopt;
-    const MessageSocket messages(socket_, patience);
+    if (!process_ && !start()) return std::nullopt;
+    const MessageSocket messages(process_->socket(), patience);
     auto icon = messages.send(picture) ? messages.receive(maxIconBytes) : std::nullopt;
-    if (!icon) stop();
+    if (!icon) process_.reset();
     if (!icon || !isIcon(*icon)) return Data();
     return icon;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Platform/Data.h"
+#include "QuillmarQuickLook/ChildProcess.h"
 
 #include <chrono>
 #include <cstddef>
@@ -16,9 +17,6 @@ class IconRenderer {
 public:
     /// \p program is the path of the drawing program.
     explicit IconRenderer(std::string program) : program_(std::move(program)) {}
-    ~IconRenderer() { stop(); }
-    IconRenderer(const IconRenderer&) = delete;
-    IconRenderer& operator=(const IconRenderer&) = delete;
 
     /// The program that belongs to this one: beside it, or where the installation puts it.
     static std::string standardProgram();
@@ -38,11 +36,9 @@ public:
 
 private:
     bool start();
-    void stop();
 
     std::string program_;
-    int process_ = -1;
-    int socket_ = -1;
+    std::optional<ChildProcess> process_;
 };
 
 } // namespace quillmar

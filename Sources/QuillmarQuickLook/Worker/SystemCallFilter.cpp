@@ -47,6 +47,11 @@ bool allow(const Filter& filter, int call) {
     return ::seccomp_rule_add(filter.get(), SCMP_ACT_ALLOW, call, 0) == 0;
 }
 
+/// That of the bits in \p mask the argument has those of \p bits.
+scmp_arg_cmp masked(unsigned argument, scmp_datum_t mask, scmp_datum_t bits) {
+    return {.arg = argument, .op = SCMP_CMP_MASKED_EQ, .datum_a = mask, .datum_b = bits};
+}
+
 bool allow(const Filter& filter, int call, scmp_arg_cmp condition) {
     return ::seccomp_rule_add(filter.get(), SCMP_ACT_ALLOW, call, 1, condition) == 0;
 }
@@ -54,15 +59,15 @@ bool allow(const Filter& filter, int call, scmp_arg_cmp condition) {
 /// Opening for reading. Landlock says what; this holds without it as well.
 bool allowOpening(const Filter& filter) {
     constexpr scmp_datum_t writing = O_ACCMODE | O_CREAT | O_TRUNC | O_APPEND;
-    return allow(filter, SCMP_SYS(openat), SCMP_A2(SCMP_CMP_MASKED_EQ, writing, O_RDONLY)) &&
-           allow(filter, SCMP_SYS(open), SCMP_A1(SCMP_CMP_MASKED_EQ, writing, O_RDONLY));
+    return allow(filter, SCMP_SYS(openat), masked(2, writing, O_RDONLY)) &&
+           allow(filter, SCMP_SYS(open), masked(1, writing, O_RDONLY));
 }
 
 /// A thread shares the process's memory; a child would not. The flags of the newer call cannot be looked at, so
 /// it is said not to exist, and the C library takes the older one.
 bool allowThreads(const Filter& filter) {
     constexpr scmp_datum_t threadFlags = CLONE_VM | CLONE_THREAD;
-    return allow(filter, SCMP_SYS(clone), SCMP_A0(SCMP_CMP_MASKED_EQ, threadFlags, threadFlags)) &&
+    return allow(filter, SCMP_SYS(clone), masked(0, threadFlags, threadFlags)) &&
            ::seccomp_rule_add(filter.get(), SCMP_ACT_ERRNO(ENOSYS), SCMP_SYS(clone3), 0) == 0;
 }
 

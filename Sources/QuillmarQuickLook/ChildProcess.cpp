@@ -1,0 +1,43 @@
+#include "QuillmarQuickLook/ChildProcess.h"
+
+#include <array>
+#include <csignal>
+#include <spawn.h>
+#include <sys/socket.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace quillmar {
+
+ChildProcess::ChildProcess(const std::string& program, std::string argument, Environment environment) {
+    std::array<int, 2> ends{};
+    if (::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends.data()) != 0) return;
+    posix_spawn_file_actions_t actions;
+    posix_spawn_file_actions_init(&actions);
+    posix_spawn_file_actions_adddup2(&actions, ends[1], STDIN_FILENO);
+    std::string name = "quillmar";
+    std::array<char*, 3> arguments{name.data(), argument.empty() ? nullptr : argument.data(), nullptr};
+    std::array<char*, 1> nothing{nullptr};
+    char** variables = environment == Environment::inherited ? environ : nothing.data();
+    if (::posix_spawn(&process_, program.c_str(), &actions, nullptr, arguments.data(), variables) != 0)
+        process_ = -1;
+    posix_spawn_file_actions_destroy(&actions);
+    ::close(ends[1]);
+    socket_ = ends[0];
+}
+
+ChildProcess::~ChildProcess() {
+    if (socket_ >= 0) ::close(socket_);
+    end();
+}
+
+int ChildProcess::end() {
+    int status = 0;
+    if (process_ < 0) return status;
+    ::kill(process_, SIGKILL);
+    ::waitpid(process_, &status, 0);
+    process_ = -1;
+    return status;
+}
+
+} // namespace quillmar
