@@ -1,22 +1,12 @@
 #include "Fuzz/FuzzTarget.h"
 #include "QuillmarQuickLook/Worker/WorkerMessages.h"
+#include "Tests/Helpers/Documents.h"
 
-#include <algorithm>
 #include <cmath>
 #include <string>
 
 namespace quillmar {
 namespace {
-
-bool areSame(const PreviewDocument& left, const PreviewDocument& right) {
-    const auto isSame = [](const auto& one, const auto& other) {
-        return one.first == other.first && *one.second.data == *other.second.data &&
-               one.second.typeIdentifier == other.second.typeIdentifier;
-    };
-    return left.html == right.html && left.width == right.width && left.height == right.height &&
-           std::equal(left.attachments.begin(), left.attachments.end(), right.attachments.begin(),
-                      right.attachments.end(), isSame);
-}
 
 void requireSoundness(const PreviewDocument& document) {
     for (const double side : {document.width, document.height}) require(std::isfinite(side) && side > 0);
@@ -30,13 +20,13 @@ void requireSoundness(const PreviewDocument& document) {
 }
 
 void fuzzDocument(DataView input) {
-    const auto document = WorkerMessages::decodedDocument(input);
+    const auto document = WorkerMessages::decodedDocument(input, {});
     if (!document) return;
     requireSoundness(*document);
-    const auto again = WorkerMessages::decodedDocument(WorkerMessages::encoded(*document));
+    const auto again = WorkerMessages::decodedDocument(WorkerMessages::encoded(*document), {});
     require(again && areSame(*again, *document));
     // What is cut is none.
-    require(!WorkerMessages::decodedDocument(input.substr(0, input.size() - 1)));
+    require(!WorkerMessages::decodedDocument(input.substr(0, input.size() - 1), {}));
 }
 
 void fuzzRequest(DataView input) {

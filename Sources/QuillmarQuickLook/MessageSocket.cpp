@@ -22,9 +22,11 @@ std::optional<Data> MessageSocket::receive(std::size_t maxBytes) const {
     Length length = 0;
     if (!receiveAll(reinterpret_cast<char*>(&length), sizeof length, end) || length > maxBytes)
         return std::nullopt;
-    // Room is made for what comes, not for what is announced.
-    constexpr std::size_t pieceBytes = 1'048'576;
+    // Memory is written for what comes, not for what is announced; room that stays empty costs nothing.
+    constexpr std::size_t roomAhead = 33'554'432;
+    constexpr std::size_t pieceBytes = 65'536;
     Data message;
+    message.reserve(std::min<std::size_t>(length, roomAhead));
     while (message.size() < length) {
         const std::size_t start = message.size();
         message.resize(std::min<std::size_t>(length, start + pieceBytes));
@@ -48,10 +50,11 @@ bool MessageSocket::wait(short events, Moment end) const {
 
 bool MessageSocket::sendAll(const char* bytes, std::size_t count, Moment end) const {
     while (count > 0) {
-        if (!wait(POLLOUT, end)) return false;
         const ssize_t sent = ::send(descriptor_, bytes, count, MSG_NOSIGNAL | MSG_DONTWAIT);
-        if (sent < 0 && errno != EINTR && errno != EAGAIN) return false;
-        if (sent <= 0) continue;
+        if (sent < 0) {
+            if (errno != EINTR && (errno != EAGAIN || !wait(POLLOUT, end))) return false;
+            continue;
+        }
         bytes += sent;
         count -= static_cast<std::size_t>(sent);
     }
@@ -60,11 +63,12 @@ bool MessageSocket::sendAll(const char* bytes, std::size_t count, Moment end) co
 
 bool MessageSocket::receiveAll(char* room, std::size_t count, Moment end) const {
     while (count > 0) {
-        if (!wait(POLLIN, end)) return false;
         const ssize_t received = ::recv(descriptor_, room, count, MSG_DONTWAIT);
         if (received == 0) return false;
-        if (received < 0 && errno != EINTR && errno != EAGAIN) return false;
-        if (received < 0) continue;
+        if (received < 0) {
+            if (errno != EINTR && (errno != EAGAIN || !wait(POLLIN, end))) return false;
+            continue;
+        }
         room += received;
         count -= static_cast<std::size_t>(received);
     }

@@ -33,7 +33,11 @@ std::optional<PreviewDocument> converse(const ChildProcess& worker, const FileUR
         auto message = messages(worker, end).receive(WorkerMessages::maxMessageBytes);
         const auto request = message ? WorkerMessages::decodedRequest(*std::move(message)) : std::nullopt;
         if (!request) return std::nullopt;
-        if (request->kind == Request::Kind::document) return WorkerMessages::decodedDocument(request->text);
+        if (request->kind == Request::Kind::document) {
+            auto html = messages(worker, end).receive(WorkerMessages::maxMessageBytes);
+            if (!html) return std::nullopt;
+            return WorkerMessages::decodedDocument(request->text, *std::move(html));
+        }
         const std::string answer = WorkerMessages::encodedAnswer(answers.to(*request));
         if (!messages(worker, end).send(answer)) return std::nullopt;
     }

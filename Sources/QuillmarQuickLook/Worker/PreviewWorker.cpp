@@ -53,7 +53,7 @@ int run() {
     using WorkerMessages::Request;
     const Request done{
         .kind = Request::Kind::document, .maxBytes = 0, .text = WorkerMessages::encoded(document)};
-    return host.send(WorkerMessages::encoded(done)) ? 0 : 1;
+    return host.send(WorkerMessages::encoded(done)) && host.send(document.html) ? 0 : 1;
 }
 
 } // namespace quillmar::PreviewWorker

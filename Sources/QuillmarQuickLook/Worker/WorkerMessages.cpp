@@ -9,7 +9,7 @@ namespace quillmar::WorkerMessages {
 namespace {
 
 /// At the start of a document: another form gets another number.
-constexpr std::uint64_t formVersion = 0x314D5251;
+constexpr std::uint64_t formVersion = 0x324D5251;
 
 /// Points. No panel is larger.
 constexpr double maxSide = 10'000;
@@ -124,7 +124,6 @@ std::string encoded(const PreviewDocument& document) {
     appendNumber(form, formVersion);
     appendNumber(form, std::bit_cast<std::uint64_t>(document.width));
     appendNumber(form, std::bit_cast<std::uint64_t>(document.height));
-    appendBytes(form, document.html);
     appendNumber(form, shared.size());
     for (const Data* data : shared) appendBytes(form, *data);
     appendNumber(form, document.attachments.size());
@@ -136,14 +135,14 @@ std::string encoded(const PreviewDocument& document) {
     return form;
 }
 
-std::optional<PreviewDocument> decodedDocument(DataView form) {
+std::optional<PreviewDocument> decodedDocument(DataView form, std::string html) {
     Pieces pieces(form);
     if (pieces.number() != formVersion) return std::nullopt;
     PreviewDocument document;
     document.width = std::bit_cast<double>(pieces.number());
     document.height = std::bit_cast<double>(pieces.number());
     if (!isSide(document.width) || !isSide(document.height)) return std::nullopt;
-    document.html = pieces.bytes();
+    document.html = std::move(html);
 
     std::vector<std::shared_ptr<const Data>> shared;
     const std::uint64_t sharedCount = pieces.number();

@@ -18,7 +18,7 @@ struct Request {
         typeIcon = 1, ///< `text` is a uniform type identifier
         fileIcon = 2, ///< `text` is a path
         image = 3,    ///< `text` is a path, `maxBytes` how much of it is wanted at most
-        document = 4, ///< the work is done: `text` is the document's form
+        document = 4, ///< the work is done: `text` is the document's form, and its HTML is the next message
     };
     Kind kind = Kind::document;
     std::int64_t maxBytes = 0;
@@ -31,12 +31,13 @@ std::optional<Request> decodedRequest(std::string message);
 std::string encodedAnswer(const std::optional<ImageFiles::Image>& image);
 std::optional<ImageFiles::Image> decodedAnswer(DataView message);
 
-/// Data that several attachments share is written once.
+/// All of a document but its HTML, which is large and goes as it stands. Data that several attachments share is
+/// written once.
 std::string encoded(const PreviewDocument& document);
 /// None when names, sizes or numbers are not those of a preview.
-std::optional<PreviewDocument> decodedDocument(DataView form);
+std::optional<PreviewDocument> decodedDocument(DataView form, std::string html);
 
-/// Bytes of a message. A document may hold 256 MiB of images, icons and as much text as the largest pages.
+/// Bytes of a message. A document may hold 256 MiB of images, and icons; the largest pages are smaller.
 inline constexpr std::size_t maxMessageBytes = 671'088'640;
 /// Attachments of a document: an image in every other line of the longest.
 inline constexpr std::size_t maxAttachments = 1'048'576;

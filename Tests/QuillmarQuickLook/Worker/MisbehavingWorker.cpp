@@ -54,7 +54,11 @@ public:
             Request{.kind = Request::Kind::document, .maxBytes = 0, .text = WorkerMessages::encoded(document)});
     }
 
-    void finish(const std::string& html) const { send(form(page(html))); }
+    void finish(const std::string& html) const { finish(page(html)); }
+    void finish(const PreviewDocument& document) const {
+        send(form(document));
+        send(document.html);
+    }
 
     static PreviewDocument page(const std::string& html) {
         return {.html = html, .attachments = {}, .width = 100, .height = 100};
@@ -68,7 +72,7 @@ private:
 void sendAttachmentCalled(const Host& host, const std::string& name) {
     PreviewDocument document = Host::page("page");
     document.attachments[name] = {.data = std::make_shared<const Data>("x"), .typeIdentifier = "public.png"};
-    host.send(host.form(document));
+    host.finish(document);
 }
 
 void askForIconsOfOthers(const Host& host) {
@@ -121,9 +125,10 @@ void askForOddImages(const Host& host) {
 }
 
 void dieWithinADocument(const Host& host) {
-    const std::string message = host.form(Host::page(std::string(100'000, 'x')));
-    host.announce(static_cast<std::uint32_t>(message.size()));
-    host.sendRaw(message.substr(0, message.size() / 2));
+    const std::string html(100'000, 'x');
+    host.send(host.form(Host::page(html)));
+    host.announce(static_cast<std::uint32_t>(html.size()));
+    host.sendRaw(html.substr(0, html.size() / 2));
     ::raise(SIGKILL);
 }
 
@@ -163,7 +168,9 @@ const std::map<std::string, Conduct> conducts{
      [](const Host& host) {
          const std::string form = host.form(Host::page("page"));
          host.send(form.substr(0, form.size() - 1));
+         host.send("page");
      }},
+    {"sends a document without its page", [](const Host& host) { host.send(host.form(Host::page("page"))); }},
     {"sends a document", [](const Host& host) { host.finish("page"); }},
     {"climbs out", [](const Host& host) { sendAttachmentCalled(host, "../../x"); }},
     {"names its page", [](const Host& host) { sendAttachmentCalled(host, "index.html"); }},

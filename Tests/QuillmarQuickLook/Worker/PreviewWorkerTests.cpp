@@ -49,8 +49,9 @@ public:
 
     std::optional<PreviewDocument> document() const {
         const auto last = request();
-        const bool isDone = last && last->kind == Request::Kind::document;
-        return isDone ? WorkerMessages::decodedDocument(last->text) : std::nullopt;
+        if (!last || last->kind != Request::Kind::document) return std::nullopt;
+        auto html = socket().receive(WorkerMessages::maxMessageBytes);
+        return html ? WorkerMessages::decodedDocument(last->text, *std::move(html)) : std::nullopt;
     }
 
     void hangUp() {
