@@ -90,18 +90,23 @@ constexpr std::array<std::string_view, 4> foreignElements{"meta", "link", "base"
 
 bool beginsWithoutCase(std::string_view text, std::string_view lowercase) {
     if (text.size() < lowercase.size()) return false;
-    return std::equal(lowercase.begin(), lowercase.end(), text.begin(), [](char expected, char c) {
-        return (c >= 'A' && c <= 'Z' ? c - 'A' + 'a' : c) == expected;
-    });
+    for (std::size_t i = 0; i < lowercase.size(); ++i) {
+        const char c = text[i];
+        if ((c >= 'A' && c <= 'Z' ? c - 'A' + 'a' : c) != lowercase[i]) return false;
+    }
+    return true;
+}
+
+bool beginsForeignElement(std::string_view name) {
+    for (const std::string_view element : foreignElements)
+        if (beginsWithoutCase(name, element)) return true;
+    return false;
 }
 
 /// Hands on \p html, with the tags of such elements turned into text.
 void writeBody(std::string_view html, const std::function<void(DataView)>& write) {
     for (std::size_t tag = 0; (tag = html.find('<', tag)) != html.npos;) {
-        const std::string_view name = html.substr(tag + 1);
-        const bool isForeign = std::ranges::any_of(
-            foreignElements, [name](std::string_view element) { return beginsWithoutCase(name, element); });
-        if (!isForeign) {
+        if (!beginsForeignElement(html.substr(tag + 1))) {
             ++tag;
             continue;
         }
