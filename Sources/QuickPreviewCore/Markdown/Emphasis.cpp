@@ -7,19 +7,29 @@
 namespace quillmar::Markdown {
 namespace {
 
-struct Element {
-    std::string_view openingTag;
-    std::string_view closingTag;
+/// Bytes that are copied at a time: every tag, and most of the text between two runs, is shorter. What is too
+/// much is overwritten by what follows; both ends of the copy have that much room behind them.
+constexpr std::size_t copyBytes = 16;
+
+/// A tag with that room.
+struct Tag {
+    std::array<char, copyBytes> text{};
+    std::size_t size = 0;
+
+    explicit constexpr Tag(std::string_view tag) : size(tag.size()) { std::ranges::copy(tag, text.begin()); }
 };
 
-constexpr std::array<Element, 3> elements{{
-    {.openingTag = "<em>", .closingTag = "</em>"},
-    {.openingTag = "<strong>", .closingTag = "</strong>"},
-    {.openingTag = "<del>", .closingTag = "</del>"},
+struct Tags {
+    Tag opening;
+    Tag closing;
+};
+
+/// By the element.
+constexpr std::array<Tags, 3> elementTags{{
+    {.opening = Tag("<em>"), .closing = Tag("</em>")},
+    {.opening = Tag("<strong>"), .closing = Tag("</strong>")},
+    {.opening = Tag("<del>"), .closing = Tag("</del>")},
 }};
-constexpr int emphasis = 0;
-constexpr int strongEmphasis = 1;
-constexpr int strikethrough = 2;
 
 std::size_t ordinal(char character) {
     switch (character) {
@@ -28,6 +38,28 @@ std::size_t ordinal(char character) {
     default: return 2;
     }
 }
+
+/// Writes one piece behind the other.
+class Writer {
+public:
+    explicit Writer(char* place) : place_(place) {}
+
+    void put(const Tag& tag) {
+        std::memcpy(place_, tag.text.data(), copyBytes);
+        place_ += tag.size;
+    }
+    void put(const char* text, std::size_t count) {
+        std::memcpy(place_, text, count > copyBytes ? count : copyBytes);
+        place_ += count;
+    }
+    void put(std::size_t count, char character) {
+        std::memset(place_, character, count > copyBytes ? count : copyBytes);
+        place_ += count;
+    }
+
+private:
+    char* place_;
+};
 
 } // namespace
 
@@ -38,12 +70,15 @@ void Emphasis::clear() {
     openersOf_ = {};
     outer_.clear();
     base_.clear();
+    bytesToInsert_ = 0;
 }
 
 void Emphasis::add(const DelimiterRun& run, std::size_t position) {
-    const std::size_t index = delimiters_.size();
-    delimiters_.push_back(
-        {.position = position, .count = run.count, .lastMatch = none, .character = run.character});
+    const auto index = static_cast<Number>(delimiters_.size());
+    delimiters_.push_back({.position = static_cast<Number>(position),
+                           .count = static_cast<Number>(run.count),
+                           .character = run.character});
+    bytesToInsert_ += run.count;
     if (run.canClose) close(index);
     if (run.canOpen && delimiters_[index].count > 0) {
         openers_.push_back(index);
@@ -52,21 +87,30 @@ void Emphasis::add(const DelimiterRun& run, std::size_t position) {
 }
 
 /// Matches the run at \p index with openers before it, the nearest first. Runs between the two are text.
-void Emphasis::close(std::size_t index) {
-    Delimiter& closer = delimiters_[index];
+void Emphasis::close(Number index) {
+    const Delimiter& closer = delimiters_[index];
     while (closer.count > 0 && openersOf_[ordinal(closer.character)] > 0) {
         while (delimiters_[openers_.back()].character != closer.character) dropOpener();
         Delimiter& opener = delimiters_[openers_.back()];
-        const bool isDouble = opener.count >= 2 && closer.count >= 2;
-        const int ofStars = isDouble ? strongEmphasis : emphasis;
-        const int element = closer.character == '~' ? strikethrough : ofStars;
-        const std::size_t used = isDouble ? 2 : 1;
-        matches_.push_back({.closer = index, .previous = opener.lastMatch, .element = element});
-        opener.lastMatch = matches_.size() - 1;
-        opener.count -= used;
-        closer.count -= used;
+        addMatch(opener, index);
         if (opener.count == 0) dropOpener();
     }
+}
+
+/// Uses up what the tags between \p opener and the run at \p closer stand for.
+void Emphasis::addMatch(Delimiter& opener, Number closer) {
+    Delimiter& run = delimiters_[closer];
+    const bool isDouble = opener.count >= 2 && run.count >= 2;
+    const Element ofStars = isDouble ? Element::strongEmphasis : Element::emphasis;
+    const Element element = run.character == '~' ? Element::strikethrough : ofStars;
+    const Number used = isDouble ? 2 : 1;
+    opener.count -= used;
+    run.count -= used;
+    matches_.push_back({.closer = closer, .previous = opener.lastMatch, .element = element});
+    opener.lastMatch = static_cast<Number>(matches_.size() - 1);
+    const Tags& tags = elementTags[static_cast<std::size_t>(element)];
+    bytesToInsert_ += tags.opening.size + tags.closing.size;
+    bytesToInsert_ -= std::size_t{2} * used;
 }
 
 void Emphasis::dropOpener() {
@@ -87,45 +131,32 @@ void Emphasis::endLinkText() {
     outer_.pop_back();
 }
 
-std::size_t Emphasis::bytesToInsert() const {
-    std::size_t bytes = 0;
-    for (const Delimiter& delimiter : delimiters_) bytes += delimiter.count;
-    for (const Match& match : matches_) {
-        const Element& element = elements[static_cast<std::size_t>(match.element)];
-        bytes += element.openingTag.size() + element.closingTag.size();
-    }
-    return bytes;
-}
-
-void Emphasis::insert(std::string& html) const {
+void Emphasis::insert(std::string& html) {
     if (delimiters_.empty()) return;
-    // From the end to the start, so that every byte moves once.
-    std::size_t end = html.size();
-    html.resize(end + bytesToInsert());
-    char* to = html.data() + html.size();
-    const auto put = [&to](std::string_view text) {
-        to -= text.size();
-        std::memcpy(to, text.data(), text.size());
+    const std::size_t start = delimiters_.front().position;
+    const std::size_t end = html.size();
+    text_.assign(html, start).append(copyBytes, '\0');
+    html.resize(end + bytesToInsert_ + copyBytes);
+    Writer writer(html.data() + start);
+    std::size_t position = start;
+    const auto putText = [&](std::size_t to) {
+        writer.put(text_.data() + (position - start), to - position);
+        position = to;
     };
 
-    std::vector<std::string_view> openingTags;
-    auto match = matches_.rbegin();
-    for (std::size_t i = delimiters_.size(); i-- > 0;) {
+    auto match = matches_.begin();
+    for (Number i = 0; i < delimiters_.size(); ++i) {
         const Delimiter& delimiter = delimiters_[i];
-        to -= end - delimiter.position;
-        std::memmove(to, html.data() + delimiter.position, end - delimiter.position);
-        end = delimiter.position;
-
+        putText(delimiter.position);
+        for (; match != matches_.end() && match->closer == i; ++match)
+            writer.put(elementTags[static_cast<std::size_t>(match->element)].closing);
+        writer.put(delimiter.count, delimiter.character);
         // The outermost pair of tags is the last match: it opens first and closes last.
-        openingTags.clear();
-        for (std::size_t m = delimiter.lastMatch; m != none; m = matches_[m].previous)
-            openingTags.push_back(elements[static_cast<std::size_t>(matches_[m].element)].openingTag);
-        for (std::size_t t = openingTags.size(); t-- > 0;) put(openingTags[t]);
-        to -= delimiter.count;
-        std::memset(to, delimiter.character, delimiter.count);
-        for (; match != matches_.rend() && match->closer == i; ++match)
-            put(elements[static_cast<std::size_t>(match->element)].closingTag);
+        for (Number m = delimiter.lastMatch; m != none; m = matches_[m].previous)
+            writer.put(elementTags[static_cast<std::size_t>(matches_[m].element)].opening);
     }
+    putText(end);
+    html.resize(end + bytesToInsert_);
 }
 
 } // namespace quillmar::Markdown

@@ -2,6 +2,8 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
+#include <limits>
 #include <string>
 #include <vector>
 
@@ -29,35 +31,41 @@ public:
     void endLinkText();
 
     /// Puts everything into \p html, the positions in which have been given.
-    void insert(std::string& html) const;
+    void insert(std::string& html);
 
 private:
+    // Kept small: there may be one for every other byte of a document (`MarkdownLimits::maxTextBytes`).
+    using Number = std::uint32_t;
+    static constexpr Number none = std::numeric_limits<Number>::max();
+
+    enum class Element : std::uint8_t { emphasis, strongEmphasis, strikethrough };
+
     struct Delimiter {
-        std::size_t position;
-        std::size_t count;     ///< characters that are not used up: text
-        std::size_t lastMatch; ///< as opener, the last of its matches; `none` without one
-        char character;
+        Number position = 0;     ///< in the text's HTML
+        Number count = 0;        ///< characters that are not used up: text
+        Number lastMatch = none; ///< as opener, the last of its matches
+        char character = '*';
     };
     /// Tags between two runs.
     struct Match {
-        std::size_t closer;
-        std::size_t previous; ///< match of the same opener, inside this one
-        int element;          ///< an index of `elements`
+        Number closer = 0;
+        Number previous = none; ///< match of the same opener, inside this one
+        Element element = Element::emphasis;
     };
-    using Counts = std::array<std::size_t, 3>; ///< openers of each character
+    using Counts = std::array<Number, 3>; ///< openers of each character
 
-    static constexpr std::size_t none = static_cast<std::size_t>(-1);
-
-    void close(std::size_t index);
+    void close(Number index);
+    void addMatch(Delimiter& opener, Number closer);
     void dropOpener();
-    std::size_t bytesToInsert() const;
 
     std::vector<Delimiter> delimiters_;
     std::vector<Match> matches_; ///< by closer
-    std::vector<std::size_t> openers_;
+    std::vector<Number> openers_;
     Counts openersOf_{};            ///< in the innermost link text
     std::vector<Counts> outer_;     ///< of the texts around it
     std::vector<std::size_t> base_; ///< `openers_` below are theirs
+    std::size_t bytesToInsert_ = 0;
+    std::string text_; ///< the HTML as it was
 };
 
 } // namespace quillmar::Markdown

@@ -9,9 +9,11 @@ namespace quillmar::MarkdownLimits {
 /// Bytes of a document that are read; the rest is not shown.
 inline constexpr std::size_t maxDocumentBytes = 2'097'152;
 
-/// Bytes of the text that is parsed, its tabs expanded: places in it are kept in 32 bits. No host reads that
-/// much.
-inline constexpr std::size_t maxTextBytes = 4'294'967'295;
+/// Bytes of the text that is parsed, its tabs expanded. Places in it and in its HTML, which is at most
+/// `mostGrowth` times as long, are kept in 32 bits. No host reads that much.
+inline constexpr std::size_t maxTextBytes = 134'217'728;
+/// Bytes of HTML for a byte of text, at most: of quotes in quotes.
+inline constexpr std::size_t mostGrowth = 27;
 
 /// Bytes of one image file. Larger files are not opened.
 inline constexpr std::int64_t maxImageBytes = 8'388'608;
@@ -29,7 +31,7 @@ inline constexpr std::size_t maxResolvedReferenceBytes = 4'194'304;
 // Room is made once, at the start, for nearly all documents: memory that is not written costs nothing, but
 // moving what has grown does.
 
-/// Bytes of HTML for a byte of text. The most is 27, for quotes in quotes.
+/// Bytes of HTML for a byte of text in nearly all documents.
 inline constexpr std::size_t likelyGrowth = 12;
 /// Bytes of HTML for which room is made.
 inline constexpr std::size_t roomAhead = 33'554'432;
