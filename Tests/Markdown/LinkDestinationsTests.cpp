@@ -9,7 +9,7 @@ namespace quillmar::Markdown {
 namespace {
 
 /// What a target is made of, as one text: "url", "url|title"; "(none)" without one.
-std::string described(const std::optional<LinkTarget>& target) {
+std::string described(const LinkTarget* target) {
     if (!target) return "(none)";
     std::string text(target->url);
     if (target->title) text.append("|").append(*target->title);
@@ -20,14 +20,15 @@ std::string described(const std::optional<LinkTarget>& target) {
 std::optional<LinkTarget> parsed(std::string_view text) {
     LinkDestinations destinations;
     destinations.reset(text);
-    return destinations.parse(0, text.size());
+    const LinkTarget* found = destinations.parse(0, text.size());
+    return found != nullptr ? std::optional(*found) : std::nullopt;
 }
 
 /// The target of "[a]" and \p text, which must be all of it.
 std::string target(std::string_view text) {
     const auto found = parsed(text);
     if (found && found->end != text.size()) return "(not all)";
-    return described(found);
+    return described(found ? &*found : nullptr);
 }
 
 TEST(LinkDestinations, areCharactersWithoutWhiteSpace) {

@@ -17,8 +17,10 @@ protected:
         parser_.reset(text_);
     }
 
-    std::optional<Link> parse(std::size_t open) {
-        return parser_.parseLink(open, text_.size(), BracketPairs::noWalk);
+    std::optional<Link> parse(std::size_t open) { return parse(open, text_.size()); }
+    std::optional<Link> parse(std::size_t open, std::size_t limit, std::size_t walk = BracketPairs::noWalk) {
+        const Link* found = parser_.parseLink(open, limit, walk);
+        return found != nullptr ? std::optional(*found) : std::nullopt;
     }
 
     /// What the link at the start of \p text is made of: "text > url", "text > url | title", and what follows
@@ -101,15 +103,15 @@ TEST_F(LinkParserTest, takesNoTextWithBracketsForALabel) {
 TEST_F(LinkParserTest, looksNoFurtherThanTheLimit) {
     define("[a]: c");
     read("[a](b)");
-    EXPECT_FALSE(parser_.parseLink(0, 2, BracketPairs::noWalk));
-    EXPECT_FALSE(parser_.parseLink(0, 5, BracketPairs::noWalk));
-    EXPECT_TRUE(parser_.parseLink(0, 6, BracketPairs::noWalk));
+    EXPECT_FALSE(parse(0, 2));
+    EXPECT_FALSE(parse(0, 5));
+    EXPECT_TRUE(parse(0, 6));
 }
 
 TEST_F(LinkParserTest, takesAShortcutForCompleteAtTheLimit) {
     define("[a]: c");
     read("[a](b)");
-    const auto found = parser_.parseLink(0, 3, BracketPairs::noWalk);
+    const auto found = parse(0, 3);
     ASSERT_TRUE(found);
     EXPECT_EQ(found->url, "c");
     EXPECT_EQ(found->end, 3U);
@@ -120,8 +122,8 @@ TEST_F(LinkParserTest, findsLinksInTheTextOfOthers) {
     const auto outer = parse(0);
     ASSERT_TRUE(outer);
     const std::size_t limit = 1 + outer->text.size();
-    const auto first = parser_.parseLink(3, limit, outer->walk);
-    const auto second = parser_.parseLink(10, limit, outer->walk);
+    const auto first = parse(3, limit, outer->walk);
+    const auto second = parse(10, limit, outer->walk);
     ASSERT_TRUE(first && second);
     EXPECT_EQ(first->url, "c");
     EXPECT_EQ(second->url, "e");
@@ -132,7 +134,7 @@ TEST_F(LinkParserTest, doesNotReachOutOfTheTextOfALink) {
     read("[a [b]](d)");
     const auto outer = parse(0);
     ASSERT_TRUE(outer);
-    const auto inner = parser_.parseLink(3, 6, outer->walk);
+    const auto inner = parse(3, 6, outer->walk);
     ASSERT_TRUE(inner); // a shortcut: the bracket behind it is the outer one's
     EXPECT_EQ(inner->url, "c");
     EXPECT_EQ(inner->end, 6U);

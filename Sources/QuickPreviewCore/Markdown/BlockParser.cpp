@@ -12,7 +12,7 @@
 namespace quillmar::Markdown {
 
 BlockParser::BlockParser(std::string& buffer) : containers_(blocks_), open_(buffer, blocks_) {
-    blocks_.reserve(std::min(buffer.size() / 2, MarkdownLimits::blocksAhead));
+    blocks_.reserve(std::min(buffer.size(), MarkdownLimits::blocksAhead));
 }
 
 void BlockParser::add(std::string_view line) {

@@ -56,7 +56,7 @@ void BlockRenderer::append(const Block& block) {
     case BlockKind::fencedCode: return appendFencedCode(text(block));
     case BlockKind::indentedCode: return appendCodeBlock(html_, text(block), {});
     case BlockKind::html:
-        html_ += sanitizeHTML(text(block), resolveImage_);
+        appendSanitizedHTML(html_, text(block), resolveImage_);
         html_ += '\n';
         return;
     case BlockKind::thematicBreak: html_ += "<hr>\n"; return;

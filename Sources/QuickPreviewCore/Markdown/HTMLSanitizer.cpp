@@ -52,7 +52,11 @@ void appendImageTag(std::string& html, std::string_view tag, const ImageResolver
 
 } // namespace
 
-std::string sanitizeHTML(std::string_view html, const ImageResolver& resolveImage) {
+void appendSanitizedHTML(std::string& output, std::string_view html, const ImageResolver& resolveImage) {
+    if (isHarmlessTag(html)) {
+        output.append(html);
+        return;
+    }
     std::string rewritten;
     std::string_view text = html;
     const auto pass = [&](auto next, auto append) {
@@ -73,7 +77,13 @@ std::string sanitizeHTML(std::string_view html, const ImageResolver& resolveImag
     pass(nextImageTag, [&](std::string& result, const Range& tag) {
         appendImageTag(result, text.substr(tag.start, tag.end - tag.start), resolveImage);
     });
-    return std::string(text);
+    output.append(text);
+}
+
+std::string sanitizeHTML(std::string_view html, const ImageResolver& resolveImage) {
+    std::string sanitized;
+    appendSanitizedHTML(sanitized, html, resolveImage);
+    return sanitized;
 }
 
 } // namespace quillmar::Markdown

@@ -12,4 +12,7 @@ namespace quillmar::Markdown {
 /// script URLs, image tags. It rewrites text and does not parse HTML: markup that a removal creates stays.
 std::string sanitizeHTML(std::string_view html, const ImageResolver& resolveImage);
 
+/// The same, appended to \p output.
+void appendSanitizedHTML(std::string& output, std::string_view html, const ImageResolver& resolveImage);
+
 } // namespace quillmar::Markdown

@@ -4,29 +4,49 @@
 #include "Platform/Text.h"
 #include "Platform/UTF8.h"
 
+#include <array>
+#include <charconv>
+#include <limits>
+
 namespace quillmar {
 namespace {
 
-/// Appends the identifier of a heading that is the first of its text. Letters outside ASCII are in lower case.
+/// What a byte of ASCII becomes in an identifier; NUL: nothing.
+constexpr auto identifierBytes = [] {
+    std::array<char, 128> table{};
+    for (char c = '0'; c <= '9'; ++c) table[static_cast<std::size_t>(c)] = c;
+    for (char c = 'a'; c <= 'z'; ++c) table[static_cast<std::size_t>(c)] = c;
+    for (char c = 'A'; c <= 'Z'; ++c) table[static_cast<std::size_t>(c)] = static_cast<char>(c - 'A' + 'a');
+    table['-'] = table[' '] = '-';
+    table['_'] = '_';
+    return table;
+}();
+
+/// Appends the identifier of a heading of ASCII that is the first of its text.
+void appendBaseOfASCII(std::string& identifier, std::string_view heading) {
+    for (const char c : heading) {
+        const char byte = identifierBytes[static_cast<unsigned char>(c)];
+        if (byte != '\0') identifier.push_back(byte);
+    }
+}
+
+/// The same of any heading, in lower case.
 void appendBase(std::string& identifier, std::string_view heading) {
-    constexpr char toLower = 'a' - 'A';
     std::size_t i = 0;
     while (i < heading.size()) {
-        const char c = heading[i];
-        if (c >= 'a' && c <= 'z') { // most of a heading, so it is not decoded
-            identifier += c;
-            ++i;
-            continue;
-        }
         const UTF8::CodePoint character = UTF8::codePointAt(heading, i);
-        if (c >= 'A' && c <= 'Z')
-            identifier += static_cast<char>(c + toLower);
-        else if (c == ' ')
-            identifier += '-';
-        else if (c == '-' || c == '_' || CharacterClass::isAlphanumeric(character.value))
+        if (character.value < identifierBytes.size())
+            appendBaseOfASCII(identifier, heading.substr(i, 1));
+        else if (CharacterClass::isAlphanumeric(character.value))
             identifier.append(heading, i, character.length);
         i += character.length;
     }
+}
+
+void appendNumber(std::string& identifier, std::size_t number) {
+    std::array<char, std::numeric_limits<std::size_t>::digits10 + 2> text{'-'};
+    const auto end = std::to_chars(text.data() + 1, text.data() + text.size(), number).ptr;
+    identifier.append(text.data(), end);
 }
 
 } // namespace
@@ -35,7 +55,7 @@ const std::string& HeadingIdentifiers::slug(std::string_view heading) {
     identifier_.clear();
     std::size_t number = 0;
     if (UTF8::isASCII(heading)) {
-        appendBase(identifier_, heading);
+        appendBaseOfASCII(identifier_, heading);
         number = bases_.insert(identifier_);
     } else {
         appendBase(identifier_, lowercased(heading));
@@ -43,7 +63,7 @@ const std::string& HeadingIdentifiers::slug(std::string_view heading) {
     }
     if (number == timesGiven_.size()) timesGiven_.push_back(0);
     const std::size_t before = timesGiven_[number]++;
-    if (before > 0) identifier_.append("-").append(std::to_string(before));
+    if (before > 0) appendNumber(identifier_, before);
     return identifier_;
 }
 

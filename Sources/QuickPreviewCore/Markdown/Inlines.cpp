@@ -202,16 +202,16 @@ void Inlines::State::codeSpan() {
 bool Inlines::State::image() {
     const std::size_t bracket = position + 1;
     if (bracket >= part.end || text[bracket] != '[') return false;
-    const auto found = links.parseLink(bracket, part.end, part.walk);
-    if (!found) return false;
+    const Link* found = links.parseLink(bracket, part.end, part.walk);
+    if (found == nullptr) return false;
     appendImage(*html, *found, resolveImage);
     position = found->end;
     return true;
 }
 
 bool Inlines::State::link() {
-    const auto link = links.parseLink(position, part.end, part.walk);
-    if (!link) return false;
+    const Link* link = links.parseLink(position, part.end, part.walk);
+    if (link == nullptr) return false;
     *html += "<a href=\"";
     appendSafeURL(*html, link->url);
     if (link->title) {
@@ -271,7 +271,7 @@ bool Inlines::State::angleBracket() {
     if (!found) return false;
     switch (found->kind) {
     case AngleBracket::Kind::comment: break;
-    case AngleBracket::Kind::tag: *html += sanitizeHTML(found->content, resolveImage); break;
+    case AngleBracket::Kind::tag: appendSanitizedHTML(*html, found->content, resolveImage); break;
     case AngleBracket::Kind::mailAddress: appendAnchor("mailto:", found->content, found->content); break;
     case AngleBracket::Kind::address: appendAnchor({}, safeURL(found->content), found->content); break;
     }
@@ -314,6 +314,8 @@ Inlines::Inlines(LinkReferences& references, const ImageResolver& resolveImage)
 
 Inlines::~Inlines() = default;
 
-void Inlines::append(std::string& html, std::string_view text) { state_->run(html, text); }
+void Inlines::append(std::string& html, std::string_view text) {
+    if (!text.empty()) state_->run(html, text);
+}
 
 } // namespace quillmar::Markdown

@@ -56,28 +56,30 @@ std::size_t LinkDestinations::Positions::next(std::string_view text, std::size_t
     return last_ == positions_.size() ? text.npos : positions_[last_];
 }
 
-std::optional<LinkTarget> LinkDestinations::parse(std::size_t open, std::size_t limit) {
+const LinkTarget* LinkDestinations::parse(std::size_t open, std::size_t limit) {
     const std::size_t start = behindWhiteSpace(open + 1);
-    if (start >= limit) return std::nullopt;
-    auto target = readTail(destination(start, start == open + 1, limit), limit);
-    if (!target) hasFailed_ = true;
-    return target;
+    if (start >= limit) return nullptr;
+    const bool isComplete = readTail(destination(start, start == open + 1, limit), limit);
+    if (!isComplete) hasFailed_ = true;
+    return isComplete ? &target_ : nullptr;
 }
 
-/// What may stand behind a destination: white space, a title, white space, and the ")" that must.
-std::optional<LinkTarget> LinkDestinations::readTail(const Piece& destination, std::size_t limit) {
-    LinkTarget target{.url = destination.text, .title = std::nullopt, .end = 0};
+/// Completes the target by what may stand behind a destination: white space, a title, white space, and the ")"
+/// that must.
+bool LinkDestinations::readTail(const Piece& destination, std::size_t limit) {
+    target_.url = destination.text;
+    target_.title.reset();
     std::size_t position = behindWhiteSpace(destination.end);
     const bool mayHaveTitle = position > destination.end && position < limit && text_[position] != ')';
     if (mayHaveTitle) {
         const auto found = title(position, limit);
-        if (!found) return std::nullopt;
-        target.title = found->text;
+        if (!found) return false;
+        target_.title = found->text;
         position = behindWhiteSpace(found->end);
     }
-    if (position >= limit || text_[position] != ')') return std::nullopt;
-    target.end = position + 1;
-    return target;
+    if (position >= limit || text_[position] != ')') return false;
+    target_.end = position + 1;
+    return true;
 }
 
 LinkDestinations::Piece LinkDestinations::destination(std::size_t start, bool isBehindParenthesis,
@@ -123,9 +125,12 @@ void LinkDestinations::pairParentheses() {
     isPaired_ = true;
     endBehind_.clear();
     lastEnd_ = 0;
-    std::vector<std::size_t> open; // indices of those without an end
+    std::vector<std::uint32_t> open; // indices of those without an end
+    const auto endAt = [&](std::uint32_t index, std::size_t position) {
+        endBehind_[index].second = static_cast<std::uint32_t>(position);
+    };
     const auto endAll = [&](std::size_t position) {
-        for (const std::size_t index : open) endBehind_[index].second = position;
+        for (const std::uint32_t index : open) endAt(index, position);
         open.clear();
     };
     std::size_t position = 0;
@@ -137,11 +142,11 @@ void LinkDestinations::pairParentheses() {
             continue;
         }
         if (c == '(') {
-            open.push_back(endBehind_.size());
-            endBehind_.emplace_back(position, 0);
+            open.push_back(static_cast<std::uint32_t>(endBehind_.size()));
+            endBehind_.emplace_back(static_cast<std::uint32_t>(position), 0);
         } else if (c == ')') {
             if (!open.empty()) {
-                endBehind_[open.back()].second = position;
+                endAt(open.back(), position);
                 open.pop_back();
             }
         } else if (whiteSpaceLengthAt(text_, position) > 0) {

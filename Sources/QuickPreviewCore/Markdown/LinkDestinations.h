@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string_view>
 #include <unordered_map>
@@ -22,8 +23,9 @@ public:
     /// Another text begins; it must outlive the questions about it.
     void reset(std::string_view text);
 
-    /// The target whose "(" stands at \p open; none when it is not complete before \p limit.
-    std::optional<LinkTarget> parse(std::size_t open, std::size_t limit);
+    /// The target whose "(" stands at \p open; null when it is not complete before \p limit. An answer is good
+    /// until the next question.
+    const LinkTarget* parse(std::size_t open, std::size_t limit);
 
 private:
     /// A part of the text, and what comes behind it.
@@ -51,10 +53,11 @@ private:
     std::optional<Piece> title(std::size_t start, std::size_t limit);
     std::size_t endOfPlainDestination(std::size_t start) const;
     std::size_t behindWhiteSpace(std::size_t position);
-    std::optional<LinkTarget> readTail(const Piece& destination, std::size_t limit);
+    bool readTail(const Piece& destination, std::size_t limit);
     void pairParentheses();
 
     std::string_view text_;
+    LinkTarget target_;
     Positions angles_{'>'};
     Positions doubleQuotes_{'"'};
     Positions singleQuotes_{'\''};
@@ -62,7 +65,7 @@ private:
     /// Where long runs of white space end, by where they were entered.
     std::unordered_map<std::size_t, std::size_t> longWhiteSpace_;
     /// Where the destination behind a "(" ends, by the position of the "(". Filled when one link has failed.
-    std::vector<std::pair<std::size_t, std::size_t>> endBehind_;
+    std::vector<std::pair<std::uint32_t, std::uint32_t>> endBehind_;
     std::size_t lastEnd_ = 0; ///< index of the last answer
     bool isPaired_ = false;
     bool hasFailed_ = false;

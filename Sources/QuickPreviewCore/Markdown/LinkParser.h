@@ -22,26 +22,22 @@ public:
     /// Another text begins; it must outlive the links in it.
     void reset(std::string_view text);
 
-    /// The link whose "[" stands at \p open; none when the bracket is text. \p limit and \p outerWalk are those
-    /// of the text that holds it: the whole, or a link's. Questions go from left to right.
-    std::optional<Link> parseLink(std::size_t open, std::size_t limit, std::size_t outerWalk);
+    /// The link whose "[" stands at \p open; null when the bracket is text. \p limit and \p outerWalk are those
+    /// of the text that holds it: the whole, or a link's. Questions go from left to right; an answer is good
+    /// until the next one.
+    const Link* parseLink(std::size_t open, std::size_t limit, std::size_t outerWalk);
 
 private:
-    /// What the brackets hold, and the walk by which they were found.
-    struct Text {
-        std::string_view raw;
-        std::size_t walk;
-    };
-
-    std::optional<Link> inlineLink(const Text& text, std::size_t parenthesis, std::size_t limit);
-    std::optional<Link> fullReference(const Text& text, bool textMayBeLabel, std::size_t bracket,
-                                      std::size_t limit);
-    std::optional<Link> reference(const Text& text, std::string_view label, std::size_t end);
+    // These complete `link_`, whose text has been found.
+    const Link* inlineLink(std::size_t parenthesis, std::size_t limit);
+    const Link* fullReference(bool textMayBeLabel, std::size_t bracket, std::size_t limit);
+    const Link* reference(std::string_view label, std::size_t end);
 
     LinkReferences& references_;
     BracketPairs brackets_;
     LinkDestinations destinations_;
     std::string_view text_;
+    Link link_;
     NextOccurrence closingBracket_{"]"};
 };
 

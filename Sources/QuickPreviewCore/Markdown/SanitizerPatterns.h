@@ -14,6 +14,10 @@
 /// what a search for a quote may read in vain, once in a text. No match is empty.
 namespace quillmar::Markdown::SanitizerPatterns {
 
+/// True for text with one "<" at most, no "=" and no name that the tags of the expressions below have: none of
+/// them matches, but for an image without a source. Tags in a paragraph are mostly such.
+bool isHarmlessTag(std::string_view text);
+
 /// Bytes of a text, from \p start up to \p end.
 struct Range {
     std::size_t start = 0;

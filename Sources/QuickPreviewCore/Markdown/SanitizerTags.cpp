@@ -98,6 +98,19 @@ std::optional<Range> nextTag(std::string_view text, std::size_t position, const 
 
 } // namespace
 
+bool isHarmlessTag(std::string_view text) {
+    std::size_t tag = text.size();
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const bool isSecondTag = text[i] == '<' && tag != text.size();
+        if (text[i] == '=' || isSecondTag) return false;
+        if (text[i] == '<') tag = i;
+    }
+    if (tag == text.size()) return true;
+    const std::size_t nameStart = text.substr(tag + 1).starts_with('/') ? tag + 2 : tag + 1;
+    const auto name = CaseFolding::wordAt(text, nameStart);
+    return !name || !(blockedElementNames.contains(name->letters) || blockedTagNames.contains(name->letters));
+}
+
 std::optional<Range> nextBlockedElement(std::string_view text, std::size_t position) {
     for (std::size_t tag = findNearby(text, '<', position); tag != text.npos;
          tag = findNearby(text, '<', tag + 1)) {

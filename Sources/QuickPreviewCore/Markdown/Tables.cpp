@@ -17,7 +17,6 @@ public:
     explicit CellReader(std::string_view line) : rest_(trimmed(line)) {
         if (rest_.starts_with('|')) rest_.remove_prefix(1);
         if (rest_.ends_with('|') && !rest_.ends_with(escapedPipe)) rest_.remove_suffix(1);
-        mayHoldCode_ = rest_.find('`') != rest_.npos;
     }
 
     bool atEnd() const { return atEnd_; }
@@ -35,21 +34,15 @@ private:
     /// Bytes before the first pipe that is neither escaped nor in code.
     std::size_t cellLength() const {
         bool isInCode = false;
-        std::size_t searched = 0; // for backticks
-        std::size_t pipe = rest_.find('|');
-        for (; pipe != rest_.npos; pipe = rest_.find('|', pipe + 1)) {
-            if (pipe > 0 && rest_[pipe - 1] == '\\') continue;
-            if (!mayHoldCode_) break;
-            const std::string_view before = rest_.substr(searched, pipe - searched);
-            if (std::count(before.begin(), before.end(), '`') % 2 != 0) isInCode = !isInCode;
-            searched = pipe;
-            if (!isInCode) break;
+        for (std::size_t i = 0; i < rest_.size(); ++i) {
+            if (rest_[i] == '`') isInCode = !isInCode;
+            const bool isEscaped = i > 0 && rest_[i - 1] == '\\';
+            if (rest_[i] == '|' && !isEscaped && !isInCode) return i;
         }
-        return std::min(pipe, rest_.size());
+        return rest_.size();
     }
 
     std::string_view rest_;
-    bool mayHoldCode_ = false;
     bool atEnd_ = false;
 };
 

@@ -5,6 +5,7 @@
 namespace quillmar::Markdown {
 
 std::optional<TaskItem> TaskItem::parse(std::string_view firstLine) {
+    if (!firstLine.starts_with('[')) return std::nullopt;
     constexpr std::size_t boxWidth = 3;
     const std::string_view box = firstLine.substr(0, boxWidth);
     const bool checked = box == "[x]" || box == "[X]";
