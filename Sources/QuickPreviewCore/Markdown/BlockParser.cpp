@@ -11,8 +11,9 @@
 
 namespace quillmar::Markdown {
 
-BlockParser::BlockParser(std::string& buffer) : containers_(blocks_), open_(buffer, blocks_) {
-    blocks_.reserve(std::min(buffer.size(), MarkdownLimits::blocksAhead));
+BlockParser::BlockParser(std::string& buffer)
+    : containers_(blocks_, std::min(buffer.size() / 2, MarkdownLimits::nestingAhead)), open_(buffer, blocks_) {
+    blocks_.reserve(std::min(buffer.size() + 1, MarkdownLimits::blocksAhead));
 }
 
 void BlockParser::add(std::string_view line) {

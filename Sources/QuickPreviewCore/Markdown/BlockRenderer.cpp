@@ -2,7 +2,6 @@
 
 #include "Markdown/HTMLSanitizer.h"
 #include "Markdown/Lines.h"
-#include "Markdown/Tables.h"
 #include "Support/HTML.h"
 
 #include <algorithm>
@@ -60,7 +59,7 @@ void BlockRenderer::append(const Block& block) {
         html_ += '\n';
         return;
     case BlockKind::thematicBreak: html_ += "<hr>\n"; return;
-    case BlockKind::table: return appendTable(html_, text(block), inlines_, paddingCells_);
+    case BlockKind::table: return appendTable(html_, text(block), inlines_, tables_);
     case BlockKind::quotes: return openQuotes(block.number);
     case BlockKind::list: return openList(block);
     case BlockKind::item: return openItem(block);

@@ -4,7 +4,7 @@
 #include "Markdown/HeadingIdentifiers.h"
 #include "Markdown/ImageResolver.h"
 #include "Markdown/Inlines.h"
-#include "Markdown/MarkdownLimits.h"
+#include "Markdown/Tables.h"
 
 #include <cstddef>
 #include <span>
@@ -53,7 +53,7 @@ private:
     const ImageResolver& resolveImage_;
     Inlines inlines_;
     std::vector<Container> containers_;
-    std::size_t paddingCells_ = MarkdownLimits::maxPaddingCells; ///< that may still be written
+    SharedByTables tables_;
 };
 
 } // namespace quillmar::Markdown

@@ -23,19 +23,22 @@ void Containers::Entry::setItem(const ListMarker& marker) {
 }
 
 Containers::Arrival Containers::enter(Line& line, ThematicBreaks& breaks) {
+    arrival_ = {};
     std::size_t depth = 0;
     while (depth < entries_.size() && !line.isBlank()) {
-        const auto arrival =
+        const bool isEntered =
             entries_[depth].isList ? enterList(depth, line, breaks) : enterQuotes(depth, line, breaks);
-        if (arrival) return *arrival;
+        if (!isEntered) return arrival_;
     }
-    if (line.isBlank()) return enterBlank(depth);
-    noteText();
-    return {};
+    if (line.isBlank()) {
+        enterBlank(depth);
+    } else {
+        noteText();
+    }
+    return arrival_;
 }
 
-std::optional<Containers::Arrival> Containers::enterQuotes(std::size_t& depth, Line& line,
-                                                           ThematicBreaks& breaks) {
+bool Containers::enterQuotes(std::size_t& depth, Line& line, ThematicBreaks& breaks) {
     const std::size_t quotes = entries_[depth].number;
     std::size_t entered = 0;
     while (entered < quotes && beginsQuote(line)) {
@@ -44,20 +47,22 @@ std::optional<Containers::Arrival> Containers::enterQuotes(std::size_t& depth, L
     }
     if (entered < quotes) {
         if (line.isBlank()) {
-            const std::size_t closed = close(depth, entered);
+            close(depth, entered);
             blankFrom_ = depth + 1;
-            return Arrival{.closed = closed};
+            return false;
         }
-        if (interrupts(line, breaks)) return refused(depth, entered);
         const bool innermostSawBlank = blankFrom_ == depth + 1;
-        if (innermostSawBlank) return refused(depth, quotes - 1);
+        const bool doesInterrupt = interrupts(line, breaks);
+        if (doesInterrupt || innermostSawBlank) {
+            refuse(depth, doesInterrupt ? entered : quotes - 1);
+            return false;
+        }
     }
     ++depth;
-    return std::nullopt;
+    return true;
 }
 
-std::optional<Containers::Arrival> Containers::enterList(std::size_t& depth, Line& line,
-                                                         ThematicBreaks& breaks) {
+bool Containers::enterList(std::size_t& depth, Line& line, ThematicBreaks& breaks) {
     Entry& list = entries_[depth];
     const bool isAfterBlank = blankFrom_ <= depth;
     if (line.indentation() >= list.contentIndent) {
@@ -65,52 +70,59 @@ std::optional<Containers::Arrival> Containers::enterList(std::size_t& depth, Lin
         if (isAfterBlank && itemHasText) blocks_[list.number].isLoose = true;
         line.dropIndentation(list.contentIndent);
         ++depth;
-        return std::nullopt;
+        return true;
     }
 
     const auto marker = ListMarker::parse(line);
     if (marker && !breaks.isThematicBreak(line)) {
         const bool isNoDeeper = marker->indent <= list.indent;
-        if (isNoDeeper && list.isContinuedBy(*marker)) return beginItem(depth, *marker, line);
-        if (isNoDeeper || marker->indent < nestingIndent) return refused(depth, 0);
+        if (isNoDeeper && list.isContinuedBy(*marker)) {
+            beginItem(depth, *marker, line);
+            return false;
+        }
+        if (isNoDeeper || marker->indent < nestingIndent) {
+            refuse(depth, 0);
+            return false;
+        }
         line.dropIndentation(line.indentation());
         ++depth;
-        return std::nullopt;
+        return true;
     }
 
-    if (isAfterBlank || interrupts(line, breaks)) return refused(depth, 0);
+    if (isAfterBlank || interrupts(line, breaks)) {
+        refuse(depth, 0);
+        return false;
+    }
     line = Line(trimmed(line.text()));
     ++depth;
     const bool isText = !line.isBlank() && !ListMarker::parse(line) && !interrupts(line, breaks);
     if (isText) depth = firstThatSawBlank(depth);
-    return std::nullopt;
+    return true;
 }
 
-Containers::Arrival Containers::enterBlank(std::size_t depth) {
+void Containers::enterBlank(std::size_t depth) {
     const auto quotes = std::lower_bound(quoteEntries_.begin(), quoteEntries_.end(), depth);
-    const std::size_t closed = quotes == quoteEntries_.end() ? 0 : close(*quotes, 0);
+    if (quotes != quoteEntries_.end()) close(*quotes, 0);
     blankFrom_ = depth;
-    return {.closed = closed};
 }
 
-Containers::Arrival Containers::beginItem(std::size_t depth, const ListMarker& marker, Line& line) {
+void Containers::beginItem(std::size_t depth, const ListMarker& marker, Line& line) {
     Entry& list = entries_[depth];
     if (blankFrom_ <= depth) blocks_[list.number].isLoose = true;
-    const std::size_t closed = depth + 1 < entries_.size() ? close(depth + 1, 0) : 0;
+    if (depth + 1 < entries_.size()) close(depth + 1, 0);
     blankFrom_ = none;
     list.setItem(marker);
     line = Line(marker.content);
-    return {.closed = closed, .beginsItem = true};
+    arrival_.beginsItem = true;
 }
 
-Containers::Arrival Containers::refused(std::size_t depth, std::size_t keptQuotes) {
-    const std::size_t closed = close(depth, keptQuotes);
+void Containers::refuse(std::size_t depth, std::size_t keptQuotes) {
+    close(depth, keptQuotes);
     noteText();
-    return {.closed = closed};
 }
 
 /// Closes the entries from \p depth on, but for \p keptQuotes of the quotes there.
-std::size_t Containers::close(std::size_t depth, std::size_t keptQuotes) {
+void Containers::close(std::size_t depth, std::size_t keptQuotes) {
     std::size_t closed = 0;
     for (std::size_t i = depth; i < entries_.size(); ++i) closed += entries_[i].isList ? 1 : entries_[i].number;
     closed -= keptQuotes;
@@ -118,7 +130,7 @@ std::size_t Containers::close(std::size_t depth, std::size_t keptQuotes) {
                    entries_.end());
     if (keptQuotes > 0) entries_.back().number = keptQuotes;
     while (!quoteEntries_.empty() && quoteEntries_.back() >= entries_.size()) quoteEntries_.pop_back();
-    return closed;
+    arrival_.closed = closed;
 }
 
 /// The first entry from \p depth on that a line of plain text does not enter lazily.

@@ -8,7 +8,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <limits>
-#include <optional>
 #include <vector>
 
 namespace quillmar::Markdown {
@@ -20,8 +19,11 @@ namespace quillmar::Markdown {
 /// row are one entry, and a line of plain text passes all entries in one step.
 class Containers {
 public:
-    /// Marks the lists in \p blocks that turn out to be loose; \p blocks must outlive this object.
-    explicit Containers(std::vector<Block>& blocks) : blocks_(blocks) {}
+    /// Marks the lists in \p blocks that turn out to be loose; \p blocks must outlive this object. \p room is
+    /// how many may be open before memory is moved.
+    explicit Containers(std::vector<Block>& blocks, std::size_t room = 0) : blocks_(blocks) {
+        entries_.reserve(room);
+    }
 
     /// What a line does to the containers that were open before it.
     struct Arrival {
@@ -65,20 +67,22 @@ private:
         }
     };
 
-    // Each leads the line through the entry at `depth`, or says what it ends there.
-    std::optional<Arrival> enterQuotes(std::size_t& depth, Line& line, ThematicBreaks& breaks);
-    std::optional<Arrival> enterList(std::size_t& depth, Line& line, ThematicBreaks& breaks);
-    Arrival enterBlank(std::size_t depth);
+    // Each leads the line through the entry at `depth`; or says in `arrival_` what it ends there, and returns
+    // false.
+    bool enterQuotes(std::size_t& depth, Line& line, ThematicBreaks& breaks);
+    bool enterList(std::size_t& depth, Line& line, ThematicBreaks& breaks);
+    void enterBlank(std::size_t depth);
 
-    Arrival beginItem(std::size_t depth, const ListMarker& marker, Line& line);
-    Arrival refused(std::size_t depth, std::size_t keptQuotes);
-    std::size_t close(std::size_t depth, std::size_t keptQuotes);
+    void beginItem(std::size_t depth, const ListMarker& marker, Line& line);
+    void refuse(std::size_t depth, std::size_t keptQuotes);
+    void close(std::size_t depth, std::size_t keptQuotes);
     std::size_t firstThatSawBlank(std::size_t depth) const;
     void noteText();
 
     static constexpr std::size_t none = std::numeric_limits<std::size_t>::max();
 
     std::vector<Block>& blocks_;
+    Arrival arrival_; ///< of the line that is entering
     std::vector<Entry> entries_;
     std::vector<std::size_t> quoteEntries_; ///< the indices of those entries that are quotes
     /// The last line was blank for the entries from this index on (all of them lists, for a quote would have

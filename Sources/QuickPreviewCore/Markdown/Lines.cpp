@@ -78,7 +78,7 @@ std::string_view trimmedStart(std::string_view text) {
     return text;
 }
 
-std::string_view trimmed(std::string_view text) {
+std::string_view trimmedAtBothEnds(std::string_view text) {
     text = trimmedStart(text);
     while (!text.empty()) {
         const std::size_t length = trimmedCharacterAtEnd(text);

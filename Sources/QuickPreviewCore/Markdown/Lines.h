@@ -21,8 +21,15 @@ inline std::size_t indentation(std::string_view line) {
 }
 
 /// Without the leading and trailing horizontal white space (general category Zs, and TAB).
-std::string_view trimmed(std::string_view text);
+std::string_view trimmedAtBothEnds(std::string_view text);
 std::string_view trimmedStart(std::string_view text);
+
+/// The same as `trimmedAtBothEnds`, without a call for text that begins and ends with letters of ASCII.
+inline std::string_view trimmed(std::string_view text) {
+    const auto isKept = [](char c) { return c > ' ' && static_cast<unsigned char>(c) < 0x80; };
+    if (!text.empty() && isKept(text.front()) && isKept(text.back())) return text;
+    return trimmedAtBothEnds(text);
+}
 
 /// Without at most \p count leading spaces.
 inline std::string_view withoutIndentation(std::string_view line, std::size_t count) {

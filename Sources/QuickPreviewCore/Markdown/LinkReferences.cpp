@@ -58,23 +58,23 @@ std::optional<std::string_view> titleIn(std::string_view text) {
     return title;
 }
 
-/// Matches ^ {0,3}\[([^\]]+)\]:\s*(\S+)(?:\s+["'(](.*)["')])?\s*$ in one pass. \p line is known to begin like
-/// it, with "[" at \p bracket.
-std::optional<Parts> definitionParts(std::string_view line, std::size_t bracket) {
+/// Matches ^ {0,3}\[([^\]]+)\]:\s*(\S+)(?:\s+["'(](.*)["')])?\s*$ in one pass: fills \p parts, or returns
+/// false. \p line is known to begin like it, with "[" at \p bracket.
+bool readDefinition(std::string_view line, std::size_t bracket, Parts& parts) {
     const std::string_view inside = line.substr(bracket + 1);
     const std::size_t labelLength = inside.find(']');
-    if (labelLength == 0 || labelLength == inside.npos) return std::nullopt;
+    if (labelLength == 0 || labelLength == inside.npos) return false;
     std::string_view rest = inside.substr(labelLength + 1);
-    if (!rest.starts_with(':')) return std::nullopt;
+    if (!rest.starts_with(':')) return false;
 
     rest = withoutTrailingWhiteSpace(withoutLeadingWhiteSpace(rest.substr(1)));
-    if (rest.empty()) return std::nullopt;
-    Parts parts{.label = inside.substr(0, labelLength), .url = untilWhiteSpace(rest), .title = {}};
+    if (rest.empty()) return false;
+    parts.label = inside.substr(0, labelLength);
+    parts.url = untilWhiteSpace(rest);
     rest = withoutLeadingWhiteSpace(rest.substr(parts.url.size()));
-    if (rest.empty()) return parts;
+    if (rest.empty()) return true;
     parts.title = titleIn(rest);
-    if (!parts.title) return std::nullopt;
-    return parts;
+    return parts.title.has_value();
 }
 
 /// True for most labels that are: one word of letters and digits.
@@ -114,14 +114,16 @@ bool LinkReferences::collect(std::string_view line) {
         return false;
     }
     if (line[indent] != '[') return false;
-    const std::optional<Parts> parts = definitionParts(line, indent);
-    if (!parts) return false;
-    const std::string key = Markdown::normalizeLabel(parts->label);
-    if (key.starts_with('^')) return false; // a footnote's
-    const bool isNew = labels_.insert(key) == definitions_.size();
-    if (isNew)
-        definitions_.push_back({.url = std::string(withoutAngleBrackets(parts->url)),
-                                .title = std::optional<std::string>(parts->title)});
+    Parts parts;
+    if (!readDefinition(line, indent, parts)) return false;
+    std::string normalized;
+    if (!isNormalized(parts.label)) parts.label = normalized = Markdown::normalizeLabel(parts.label);
+    if (parts.label.starts_with('^')) return false; // a footnote's
+    const bool isNew = labels_.insert(parts.label) == definitions_.size();
+    if (!isNew) return true;
+    Definition& definition = definitions_.emplace_back();
+    definition.url = withoutAngleBrackets(parts.url);
+    if (parts.title) definition.title = *parts.title;
     return true;
 }
 

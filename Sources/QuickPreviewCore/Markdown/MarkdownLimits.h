@@ -35,7 +35,9 @@ inline constexpr std::size_t maxResolvedReferenceBytes = 4'194'304;
 inline constexpr std::size_t likelyGrowth = 12;
 /// Bytes of HTML for which room is made.
 inline constexpr std::size_t roomAhead = 33'554'432;
-/// Blocks for which room is made; a document has at most one for a byte, and a few.
-inline constexpr std::size_t blocksAhead = 2'097'152;
+/// Blocks for which room is made; a document has at most one for a byte, and one more.
+inline constexpr std::size_t blocksAhead = maxDocumentBytes + 1;
+/// Quotes and lists in each other for which room is made, at most one for every other byte.
+inline constexpr std::size_t nestingAhead = maxDocumentBytes / 2;
 
 } // namespace quillmar::MarkdownLimits

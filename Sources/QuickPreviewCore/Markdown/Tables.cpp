@@ -52,8 +52,10 @@ std::optional<Alignment> alignment(std::string_view cell) {
     const bool endsWithColon = cell.ends_with(':');
     std::string_view hyphens = cell;
     if (hyphens.empty()) return std::nullopt;
-    const UTF8::CodePoint last = UTF8::codePointBefore(hyphens, hyphens.size());
-    if (isLineTerminator(last.value)) hyphens.remove_suffix(last.length);
+    if (hyphens.back() != '-' && !endsWithColon) {
+        const UTF8::CodePoint last = UTF8::codePointBefore(hyphens, hyphens.size());
+        if (isLineTerminator(last.value)) hyphens.remove_suffix(last.length);
+    }
     if (beginsWithColon) hyphens.remove_prefix(1);
     if (hyphens.ends_with(':')) hyphens.remove_suffix(1);
     if (hyphens.empty() || hyphens.find_first_not_of('-') != hyphens.npos) return std::nullopt;
@@ -80,14 +82,14 @@ constexpr CellTags bodyTags{.opening = {"<td>", "<td style=\"text-align:left\">"
 /// Writes the rows of one table.
 class RowWriter {
 public:
-    RowWriter(std::string& html, std::vector<Alignment> alignments, Inlines& inlines, std::size_t& paddingCells)
-        : html_(html), alignments_(std::move(alignments)), inlines_(inlines), paddingCells_(paddingCells) {}
+    RowWriter(std::string& html, Inlines& inlines, SharedByTables& shared)
+        : html_(html), inlines_(inlines), shared_(shared) {}
 
     void append(std::string_view line, const CellTags& tags) {
         html_.append("<tr>");
         CellReader cells(line);
         std::size_t column = 0;
-        for (; column < alignments_.size() && !cells.atEnd(); ++column) {
+        for (; column < columns() && !cells.atEnd(); ++column) {
             appendOpening(column, tags);
             appendContent(cells.next());
             html_.append(tags.closing);
@@ -98,7 +100,7 @@ public:
 
 private:
     void appendOpening(std::size_t column, const CellTags& tags) {
-        html_.append(tags.opening.at(static_cast<std::size_t>(alignments_[column])));
+        html_.append(tags.opening.at(static_cast<std::size_t>(shared_.alignments[column])));
     }
 
     void appendContent(std::string_view cell) {
@@ -108,20 +110,33 @@ private:
 
     /// Appends the empty cells from \p column on, if the document may have that many.
     void appendPadding(std::size_t column, const CellTags& tags) {
-        const std::size_t missing = alignments_.size() - column;
-        if (missing > paddingCells_) return;
-        paddingCells_ -= missing;
-        for (; column < alignments_.size(); ++column) {
+        const std::size_t missing = columns() - column;
+        if (missing > shared_.paddingCells) return;
+        shared_.paddingCells -= missing;
+        for (; column < columns(); ++column) {
             appendOpening(column, tags);
             html_.append(tags.closing);
         }
     }
 
+    std::size_t columns() const { return shared_.alignments.size(); }
+
     std::string& html_;
-    std::vector<Alignment> alignments_;
     Inlines& inlines_;
-    std::size_t& paddingCells_;
+    SharedByTables& shared_;
 };
+
+/// Fills \p alignments from a line like "| --- | :-: |", or returns false.
+bool readAlignments(std::string_view line, std::vector<Alignment>& alignments) {
+    alignments.clear();
+    CellReader cells(line);
+    while (!cells.atEnd()) {
+        const std::optional<Alignment> found = alignment(cells.next());
+        if (!found) return false;
+        alignments.push_back(*found);
+    }
+    return true;
+}
 
 } // namespace
 
@@ -145,12 +160,7 @@ std::string cellText(std::string_view cell) {
 std::optional<std::vector<Alignment>> tableDelimiter(std::string_view line) {
     if (!holdsHyphen(line)) return std::nullopt;
     std::vector<Alignment> alignments;
-    CellReader cells(line);
-    while (!cells.atEnd()) {
-        const std::optional<Alignment> found = alignment(cells.next());
-        if (!found) return std::nullopt;
-        alignments.push_back(*found);
-    }
+    if (!readAlignments(line, alignments)) return std::nullopt;
     return alignments;
 }
 
@@ -165,11 +175,12 @@ bool beginsTable(std::string_view line, std::string_view next) {
     return cells.atEnd();
 }
 
-void appendTable(std::string& html, std::string_view text, Inlines& inlines, std::size_t& paddingCells) {
+void appendTable(std::string& html, std::string_view text, Inlines& inlines, SharedByTables& shared) {
     LineReader lines(text);
     const std::string_view header = lines.next();
     const std::string_view delimiter = lines.atEnd() ? std::string_view() : lines.next();
-    RowWriter rows(html, tableDelimiter(delimiter).value_or(std::vector<Alignment>()), inlines, paddingCells);
+    if (!readAlignments(delimiter, shared.alignments)) shared.alignments.clear();
+    RowWriter rows(html, inlines, shared);
     html.append("<table>\n<thead>\n");
     rows.append(header, headerTags);
     html.append("</thead>\n<tbody>\n");
