@@ -19,7 +19,7 @@ BlockParser::BlockParser(std::string& buffer)
 void BlockParser::add(std::string_view line) {
     Line rest(line);
     ThematicBreaks breaks(line);
-    const Containers::Arrival arrival = containers_.enter(rest, breaks);
+    const Containers::Arrival& arrival = containers_.enter(rest, breaks);
     if (arrival.endsBlock()) open_.close();
     pushClose(arrival.closed);
     if (arrival.beginsItem) beginItem(rest);

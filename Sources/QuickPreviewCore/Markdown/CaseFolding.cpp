@@ -32,36 +32,36 @@ constexpr std::string_view foldedToASCII(char32_t character) {
 
 } // namespace
 
-std::optional<std::size_t> endOfMatch(std::string_view text, std::size_t position, std::string_view literal) {
+std::size_t endOfMatch(std::string_view text, std::size_t position, std::string_view literal) {
     while (!literal.empty()) {
-        if (position >= text.size()) return std::nullopt;
+        if (position >= text.size()) return none;
         if (isASCII(text[position])) {
-            if (lowercased(text[position]) != literal.front()) return std::nullopt;
+            if (lowercased(text[position]) != literal.front()) return none;
             literal.remove_prefix(1);
             ++position;
             continue;
         }
         const UTF8::CodePoint character = UTF8::codePointAt(text, position);
         const std::string_view folded = foldedToASCII(character.value);
-        if (folded.empty() || !literal.starts_with(folded)) return std::nullopt;
+        if (folded.empty() || !literal.starts_with(folded)) return none;
         literal.remove_prefix(folded.size());
         position += character.length;
     }
     return position;
 }
 
-std::optional<std::size_t> startOfMatch(std::string_view text, std::size_t end, std::string_view literal) {
+std::size_t startOfMatch(std::string_view text, std::size_t end, std::string_view literal) {
     while (!literal.empty()) {
-        if (end == 0) return std::nullopt;
+        if (end == 0) return none;
         if (isASCII(text[end - 1])) {
-            if (lowercased(text[end - 1]) != literal.back()) return std::nullopt;
+            if (lowercased(text[end - 1]) != literal.back()) return none;
             literal.remove_suffix(1);
             --end;
             continue;
         }
         const UTF8::CodePoint character = UTF8::codePointBefore(text, end);
         const std::string_view folded = foldedToASCII(character.value);
-        if (folded.empty() || !literal.ends_with(folded)) return std::nullopt;
+        if (folded.empty() || !literal.ends_with(folded)) return none;
         literal.remove_suffix(folded.size());
         end -= character.length;
     }

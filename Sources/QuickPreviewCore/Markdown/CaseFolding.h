@@ -10,12 +10,15 @@
 /// Literals are ASCII in lower case and not empty.
 namespace quillmar::Markdown::CaseFolding {
 
-/// Where the text that begins at \p position and folds to \p literal ends; none when there is no such text. A
-/// character that folds to more than what is left of the literal does not match.
-std::optional<std::size_t> endOfMatch(std::string_view text, std::size_t position, std::string_view literal);
+/// No place in a text.
+inline constexpr std::size_t none = std::string_view::npos;
 
-/// Where the text that ends at \p end and folds to \p literal starts.
-std::optional<std::size_t> startOfMatch(std::string_view text, std::size_t end, std::string_view literal);
+/// Where the text that begins at \p position and folds to \p literal ends; `none` when there is no such text. A
+/// character that folds to more than what is left of the literal does not match.
+std::size_t endOfMatch(std::string_view text, std::size_t position, std::string_view literal);
+
+/// Where the text that ends at \p end and folds to \p literal starts; `none` when there is no such text.
+std::size_t startOfMatch(std::string_view text, std::size_t end, std::string_view literal);
 
 /// A run of letters, folded. They are one number, a byte for each, so that words are compared at once.
 struct Word {

@@ -22,7 +22,7 @@ void Containers::Entry::setItem(const ListMarker& marker) {
     contentIndent = static_cast<std::uint8_t>(marker.contentIndent);
 }
 
-Containers::Arrival Containers::enter(Line& line, ThematicBreaks& breaks) {
+const Containers::Arrival& Containers::enter(Line& line, ThematicBreaks& breaks) {
     arrival_ = {};
     std::size_t depth = 0;
     while (depth < entries_.size() && !line.isBlank()) {

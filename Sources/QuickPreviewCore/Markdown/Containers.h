@@ -32,8 +32,9 @@ public:
         bool endsBlock() const { return closed > 0 || beginsItem; }
     };
 
-    /// Strips from \p line what its containers take. \p breaks is of the same line.
-    Arrival enter(Line& line, ThematicBreaks& breaks);
+    /// Strips from \p line what its containers take. \p breaks is of the same line. The answer is good until
+    /// the next line.
+    const Arrival& enter(Line& line, ThematicBreaks& breaks);
 
     /// Opens a quote around \p rest, what follows on the same line.
     void openQuote(const Line& rest);

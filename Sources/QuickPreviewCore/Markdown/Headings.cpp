@@ -43,10 +43,10 @@ std::optional<ATXHeading> ATXHeading::parse(const Line& line) {
     return ATXHeading{.level = static_cast<int>(level), .text = withoutClosingSequence(trimmed(rest))};
 }
 
-std::optional<int> setextLevel(const Line& line) {
-    if (line.isIndentedAsCode() || (line.first() != '=' && line.first() != '-')) return std::nullopt;
+int setextLevel(const Line& line) {
+    if (line.isIndentedAsCode() || (line.first() != '=' && line.first() != '-')) return 0;
     const std::string_view underline = trimmed(line.content());
-    if (underline.find_first_not_of(line.first()) != underline.npos) return std::nullopt;
+    if (underline.find_first_not_of(line.first()) != underline.npos) return 0;
     return line.first() == '=' ? 1 : 2;
 }
 

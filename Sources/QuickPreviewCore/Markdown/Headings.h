@@ -15,7 +15,8 @@ struct ATXHeading {
     static std::optional<ATXHeading> parse(const Line& line);
 };
 
-/// The level (1 or 2) of the heading that \p line makes of the paragraph above it: "===" or "---".
-std::optional<int> setextLevel(const Line& line);
+/// The level (1 or 2) of the heading that \p line makes of the paragraph above it: "===" or "---";
+/// 0 when it makes none.
+int setextLevel(const Line& line);
 
 } // namespace quillmar::Markdown

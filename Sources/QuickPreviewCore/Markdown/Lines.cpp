@@ -52,17 +52,10 @@ std::size_t firstLineWithLeadingTab(std::string_view text) {
 /// Every "\r\n" and every other "\r" of \p text as "\n", in place.
 void replaceCarriageReturns(std::string& text) {
     std::size_t end = text.find('\r'); // of what is already in its place
-    std::size_t next = end;
-    while (next < text.size()) {
-        const std::size_t carriageReturn = std::min(text.find('\r', next), text.size());
-        std::copy(text.begin() + static_cast<std::ptrdiff_t>(next),
-                  text.begin() + static_cast<std::ptrdiff_t>(carriageReturn),
-                  text.begin() + static_cast<std::ptrdiff_t>(end));
-        end += carriageReturn - next;
-        if (carriageReturn == text.size()) break;
-        text[end++] = '\n';
-        next = carriageReturn + 1;
-        if (next < text.size() && text[next] == '\n') ++next;
+    for (std::size_t i = end; i < text.size(); ++i) {
+        const bool isFirstOfTwo = text[i] == '\r' && i + 1 < text.size() && text[i + 1] == '\n';
+        if (isFirstOfTwo) continue;
+        text[end++] = text[i] == '\r' ? '\n' : text[i];
     }
     text.resize(end);
 }

@@ -59,18 +59,17 @@ std::size_t LinkDestinations::Positions::next(std::string_view text, std::size_t
 const LinkTarget* LinkDestinations::parse(std::size_t open, std::size_t limit) {
     const std::size_t start = behindWhiteSpace(open + 1);
     if (start >= limit) return nullptr;
-    const bool isComplete = readTail(destination(start, start == open + 1, limit), limit);
+    const bool isComplete = readTail(readDestination(start, start == open + 1, limit), limit);
     if (!isComplete) hasFailed_ = true;
     return isComplete ? &target_ : nullptr;
 }
 
-/// Completes the target by what may stand behind a destination: white space, a title, white space, and the ")"
-/// that must.
-bool LinkDestinations::readTail(const Piece& destination, std::size_t limit) {
-    target_.url = destination.text;
+/// Completes the target by what may stand behind a destination, from \p start on: white space, a title, white
+/// space, and the ")" that must.
+bool LinkDestinations::readTail(std::size_t start, std::size_t limit) {
     target_.title.reset();
-    std::size_t position = behindWhiteSpace(destination.end);
-    const bool mayHaveTitle = position > destination.end && position < limit && text_[position] != ')';
+    std::size_t position = behindWhiteSpace(start);
+    const bool mayHaveTitle = position > start && position < limit && text_[position] != ')';
     if (mayHaveTitle) {
         const auto found = title(position, limit);
         if (!found) return false;
@@ -82,11 +81,14 @@ bool LinkDestinations::readTail(const Piece& destination, std::size_t limit) {
     return true;
 }
 
-LinkDestinations::Piece LinkDestinations::destination(std::size_t start, bool isBehindParenthesis,
-                                                      std::size_t limit) {
+/// Completes the target by the destination that begins at \p start; returns where it ends.
+std::size_t LinkDestinations::readDestination(std::size_t start, bool isBehindParenthesis, std::size_t limit) {
     if (text_[start] == '<') {
         const std::size_t close = angles_.next(text_, start);
-        if (close < limit) return {.text = text_.substr(start + 1, close - start - 1), .end = close + 1};
+        if (close < limit) {
+            target_.url = text_.substr(start + 1, close - start - 1);
+            return close + 1;
+        }
     }
     if (hasFailed_ && !isPaired_) pairParentheses();
     std::size_t end = 0;
@@ -98,7 +100,8 @@ LinkDestinations::Piece LinkDestinations::destination(std::size_t start, bool is
         end = endOfPlainDestination(start);
     }
     end = std::min(end, limit);
-    return {.text = text_.substr(start, end - start), .end = end};
+    target_.url = text_.substr(start, end - start);
+    return end;
 }
 
 /// The first white space, or the ")" that closes what was not opened inside; the text's end without either.

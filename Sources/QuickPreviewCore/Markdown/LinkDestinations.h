@@ -49,11 +49,11 @@ private:
         std::size_t last_ = 0; ///< index of the last answer: the next one is mostly near
     };
 
-    Piece destination(std::size_t start, bool isBehindParenthesis, std::size_t limit);
+    std::size_t readDestination(std::size_t start, bool isBehindParenthesis, std::size_t limit);
     std::optional<Piece> title(std::size_t start, std::size_t limit);
     std::size_t endOfPlainDestination(std::size_t start) const;
     std::size_t behindWhiteSpace(std::size_t position);
-    bool readTail(const Piece& destination, std::size_t limit);
+    bool readTail(std::size_t start, std::size_t limit);
     void pairParentheses();
 
     std::string_view text_;

@@ -129,10 +129,10 @@ bool LinkReferences::collect(std::string_view line) {
 
 const LinkReferences::Definition* LinkReferences::resolve(std::string_view label) {
     if (definitions_.empty()) return nullptr;
-    const std::optional<std::size_t> number =
+    const std::size_t number =
         isNormalized(label) ? labels_.find(label) : labels_.find(Markdown::normalizeLabel(label));
-    if (!number) return nullptr;
-    const Definition& definition = definitions_[*number];
+    if (number == TextIndex::none) return nullptr;
+    const Definition& definition = definitions_[number];
     const std::size_t bytes = definition.url.size() + (definition.title ? definition.title->size() : 0);
     if (bytes > MarkdownLimits::maxResolvedReferenceBytes - resolvedBytes_) return nullptr;
     resolvedBytes_ += bytes;

@@ -77,8 +77,8 @@ bool OpenBlock::takeInParagraph(const Line& line, ThematicBreaks& breaks) {
             return true;
         }
     }
-    if (const auto level = setextLevel(line)) {
-        add(BlockKind::heading, *level);
+    if (const int level = setextLevel(line); level > 0) {
+        add(BlockKind::heading, level);
         return true;
     }
     if (interrupts(line, breaks)) return closeBefore();

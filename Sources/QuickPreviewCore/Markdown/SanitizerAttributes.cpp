@@ -76,26 +76,29 @@ std::optional<std::size_t> startOfEventName(std::string_view text, std::size_t f
         ++letters;
     }
     constexpr std::string_view prefix = "on";
-    if (letters <= prefix.size() || !CaseFolding::endOfMatch(text, name, prefix)) return std::nullopt;
+    if (letters <= prefix.size() || CaseFolding::endOfMatch(text, name, prefix) == CaseFolding::none)
+        return std::nullopt;
     const std::size_t start = startOfWhiteSpace(text, first, name);
     return start == name ? std::nullopt : std::optional(start);
 }
 
-/// Where the name of a URL attribute that ends at \p end starts, not in front of \p first.
-std::optional<std::size_t> startOfURLAttributeName(std::string_view text, std::size_t first, std::size_t end) {
-    if (end == first || !endsURLAttributeName(text[end - 1])) return std::nullopt;
+/// Where the name of a URL attribute that ends at \p end starts, not in front of \p first; else `none`.
+std::size_t startOfURLAttributeName(std::string_view text, std::size_t first, std::size_t end) {
+    if (end == first || !endsURLAttributeName(text[end - 1])) return CaseFolding::none;
     for (const std::string_view name : urlAttributeNames) {
-        const auto start = CaseFolding::startOfMatch(text, end, name);
-        if (start && *start >= first) return start;
+        const std::size_t start = CaseFolding::startOfMatch(text, end, name);
+        if (start != CaseFolding::none && start >= first) return start;
     }
-    return std::nullopt;
+    return CaseFolding::none;
 }
 
-/// Where the scheme that begins at \p position ends, with its colon.
-std::optional<std::size_t> endOfScriptScheme(std::string_view text, std::size_t position) {
-    for (const std::string_view scheme : scriptSchemes)
-        if (const auto end = CaseFolding::endOfMatch(text, position, scheme)) return end;
-    return std::nullopt;
+/// Where the scheme that begins at \p position ends, with its colon; else `none`.
+std::size_t endOfScriptScheme(std::string_view text, std::size_t position) {
+    for (const std::string_view scheme : scriptSchemes) {
+        const std::size_t end = CaseFolding::endOfMatch(text, position, scheme);
+        if (end != CaseFolding::none) return end;
+    }
+    return CaseFolding::none;
 }
 
 std::optional<QuotedAttribute> nextQuotedAttribute(std::string_view text, std::size_t position,
@@ -103,8 +106,8 @@ std::optional<QuotedAttribute> nextQuotedAttribute(std::string_view text, std::s
     for (std::size_t equals = findEquals(text, position, position); equals != text.npos;
          equals = findEquals(text, position, equals + 1)) {
         const std::size_t nameEnd = startOfWhiteSpace(text, position, equals);
-        const auto start = CaseFolding::startOfMatch(text, nameEnd, name);
-        if (!start || *start < position || !isWordStart(text, *start)) continue;
+        const std::size_t start = CaseFolding::startOfMatch(text, nameEnd, name);
+        if (start == CaseFolding::none || start < position || !isWordStart(text, start)) continue;
         const std::size_t opening = endOfWhiteSpace(text, equals + 1);
         const std::string_view quote = quoteAt(text, opening);
         if (quote.empty()) continue;
@@ -113,8 +116,8 @@ std::optional<QuotedAttribute> nextQuotedAttribute(std::string_view text, std::s
         if (closing == text.end()) return std::nullopt; // nor is any attribute behind this one closed
         if (*closing != quote.front()) continue;
         const auto valueEnd = static_cast<std::size_t>(closing - text.begin());
-        return QuotedAttribute{.range = {.start = *start, .end = valueEnd + 1},
-                               .name = text.substr(*start, opening - *start),
+        return QuotedAttribute{.range = {.start = start, .end = valueEnd + 1},
+                               .name = text.substr(start, opening - start),
                                .quote = quote,
                                .value = text.substr(value, valueEnd - value)};
     }
@@ -138,15 +141,14 @@ std::optional<ScriptURL> nextScriptURL(std::string_view text, std::size_t positi
     for (std::size_t equals = findEquals(text, position, position); equals != text.npos;
          equals = findEquals(text, position, equals + 1)) {
         const std::size_t nameEnd = startOfWhiteSpace(text, position, equals);
-        const auto start = startOfURLAttributeName(text, position, nameEnd);
-        if (!start) continue;
+        const std::size_t start = startOfURLAttributeName(text, position, nameEnd);
+        if (start == CaseFolding::none) continue;
         const std::size_t value = endOfWhiteSpace(text, equals + 1);
         const std::string_view quote = quoteAt(text, value);
-        const auto end = endOfScriptScheme(text, endOfWhiteSpace(text, value + quote.size()));
-        if (!end) continue;
-        return ScriptURL{.range = {.start = *start, .end = *end},
-                         .name = text.substr(*start, nameEnd - *start),
-                         .quote = quote};
+        const std::size_t end = endOfScriptScheme(text, endOfWhiteSpace(text, value + quote.size()));
+        if (end == CaseFolding::none) continue;
+        return ScriptURL{
+            .range = {.start = start, .end = end}, .name = text.substr(start, nameEnd - start), .quote = quote};
     }
     return std::nullopt;
 }

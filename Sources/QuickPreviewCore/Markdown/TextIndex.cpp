@@ -11,10 +11,9 @@ constexpr std::size_t initialSlots = 64;
 
 TextIndex::TextIndex() : ends_(1), slots_(initialSlots) {}
 
-std::optional<std::size_t> TextIndex::find(std::string_view text) const {
+std::size_t TextIndex::find(std::string_view text) const {
     const Slot& slot = slots_[slotOf(text, hashOf(text))];
-    if (slot.place == 0) return std::nullopt;
-    return slot.place - 1;
+    return slot.place == 0 ? none : slot.place - 1;
 }
 
 std::size_t TextIndex::insert(std::string_view text) {

@@ -4,7 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <optional>
+#include <limits>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -17,7 +17,9 @@ class TextIndex {
 public:
     TextIndex();
 
-    std::optional<std::size_t> find(std::string_view text) const;
+    /// The number of \p text; `none` when it has none.
+    std::size_t find(std::string_view text) const;
+    static constexpr std::size_t none = std::numeric_limits<std::size_t>::max();
 
     /// The number of \p text, which is given to it now if it has none: then it is `size()` before the call.
     std::size_t insert(std::string_view text);
