@@ -10,21 +10,32 @@
 namespace quillmar {
 namespace {
 
-std::string text() { return Samples::file("worker.cpp", Samples::sourceCode(16'384)); }
+/// A page that is nothing but the process's start, and the largest that a text makes.
+constexpr std::int64_t smallText = 16'384;
+constexpr std::int64_t largestText = 524'288;
+
+std::string text(const benchmark::State& state) {
+    const auto bytes = static_cast<std::size_t>(state.range(0));
+    return Samples::file("worker-" + std::to_string(bytes) + ".cpp", Samples::sourceCode(bytes));
+}
 
 void confined(benchmark::State& state) {
-    CommandRun::measure(state, {CommandRun::host(), "--no-icons", "--html", "-", text()});
+    CommandRun::measure(state, {CommandRun::host(), "--no-icons", "--html", "-", text(state)});
 }
 
 void confinedWithIcons(benchmark::State& state) {
-    CommandRun::measure(state, {CommandRun::host(), "--html", "-", text()});
+    CommandRun::measure(state, {CommandRun::host(), "--html", "-", text(state)});
 }
 
-void unconfined(benchmark::State& state) { CommandRun::measure(state, {QUILLMAR_UNCONFINED, text()}); }
+void unconfined(benchmark::State& state) { CommandRun::measure(state, {QUILLMAR_UNCONFINED, text(state)}); }
 
-BENCHMARK(confined)->Name("worker/confined")->Unit(benchmark::kMillisecond)->UseManualTime();
-BENCHMARK(confinedWithIcons)->Name("worker/confined, icons")->Unit(benchmark::kMillisecond)->UseManualTime();
-BENCHMARK(unconfined)->Name("worker/unconfined")->Unit(benchmark::kMillisecond)->UseManualTime();
+void options(benchmark::internal::Benchmark* benchmark) {
+    benchmark->Arg(smallText)->Arg(largestText)->Unit(benchmark::kMillisecond)->UseManualTime();
+}
+
+BENCHMARK(confined)->Name("worker/confined")->Apply(options);
+BENCHMARK(confinedWithIcons)->Name("worker/confined, icons")->Apply(options);
+BENCHMARK(unconfined)->Name("worker/unconfined")->Apply(options);
 
 } // namespace
 } // namespace quillmar
