@@ -3,20 +3,26 @@
 #include "Platform/ResourceValues.h"
 #include "Platform/Terminal.h"
 #include "QuillmarQuickLook/Icons/FinderIcons.h"
+#include "QuillmarQuickLook/InstalledProgram.h"
 #include "QuillmarQuickLook/PreviewProvider.h"
 #include "QuillmarQuickLook/PreviewWriter.h"
 #include "QuillmarQuickLook/Worker/ConfinedPreview.h"
 
 #include <CLI/CLI.hpp>
+#include <cerrno>
 #include <csignal>
 #include <cstdio>
+#include <cstdlib>
 #include <new>
+#include <system_error>
+#include <unistd.h>
+#include <vector>
 
 namespace quillmar::CommandLine {
 namespace {
 
 struct Options {
-    std::string path;
+    std::vector<std::string> paths;
     std::string outputFolder; ///< empty: none
     std::string htmlFile;     ///< empty: none; "-": standard output
     bool usesIcons = true;
@@ -30,7 +36,8 @@ void report(std::string_view message) {
 }
 
 void describe(CLI::App& app, Options& options) {
-    app.add_option("PATH", options.path, "The file or folder to preview");
+    app.add_option("PATH", options.paths,
+                   "The file or folder to preview; several of them in a window, one after the other");
     auto* output = app.add_option("--output", options.outputFolder,
                                   "Write index.html, the attachments and preview.json into this folder");
     auto* html =
@@ -45,11 +52,7 @@ void describe(CLI::App& app, Options& options) {
 }
 
 ExitStatus writePreview(const Options& options) {
-    const FileURL url = FileURL::fromCommandLine(options.path);
-    if (options.path.empty() || !itemExists(url)) {
-        report("“" + options.path + "” does not exist");
-        return ExitStatus::failed;
-    }
+    const FileURL url = FileURL::fromCommandLine(options.paths.front());
     std::optional<FinderIcons> icons;
     if (options.usesIcons) icons.emplace(FinderIcons::standardPlaces());
     const auto makeDocument = [](const FileURL& item, IconSource* source) {
@@ -62,6 +65,42 @@ ExitStatus writePreview(const Options& options) {
     else
         PreviewWriter::writePage(reply, options.htmlFile);
     return ExitStatus::made;
+}
+
+/// Shows the items in a window: another program, which this one then is. Returns only when that fails.
+ExitStatus openViewer(const Options& options) {
+    const auto isSet = [](const char* name) {
+        const char* value = std::getenv(name);
+        return value != nullptr && value[0] != '\0';
+    };
+    if (!isSet("WAYLAND_DISPLAY") && !isSet("DISPLAY")) {
+        report("there is no display to open a window on: --html FILE writes the page instead, --html - to "
+               "standard output");
+        return ExitStatus::failed;
+    }
+    std::string viewer = installedProgram("QuillmarViewer");
+    if (viewer.empty()) {
+        report("the viewer is not installed (the package quillmar-viewer): --html FILE writes the page instead");
+        return ExitStatus::failed;
+    }
+    std::vector<std::string> paths = options.paths;
+    for (std::string& path : paths) path = FileURL::fromCommandLine(path).path(); // none looks like an option
+    std::vector<char*> arguments{viewer.data()};
+    for (std::string& path : paths) arguments.push_back(path.data());
+    arguments.push_back(nullptr);
+    ::execv(viewer.c_str(), arguments.data());
+    report("the viewer cannot be started: " + std::generic_category().message(errno));
+    return ExitStatus::failed;
+}
+
+ExitStatus preview(const Options& options) {
+    for (const std::string& path : options.paths) {
+        if (!path.empty() && itemExists(FileURL::fromCommandLine(path))) continue;
+        report("“" + path + "” does not exist");
+        return ExitStatus::failed;
+    }
+    const bool isWritten = !options.outputFolder.empty() || !options.htmlFile.empty();
+    return isWritten ? writePreview(options) : openViewer(options);
 }
 
 ExitStatus writeVersion(bool isVerbose) {
@@ -84,9 +123,10 @@ ExitStatus run(int argc, const char* const* argv) {
         app.parse(argc, argv);
         if (options.wantsVersion) return writeVersion(options.isVerbose);
         if (app.count("PATH") == 0) throw CLI::RequiredError("PATH");
-        if (options.outputFolder.empty() && options.htmlFile.empty())
-            throw CLI::ValidationError("say where the page goes: --html FILE or --output DIR");
-        return writePreview(options);
+        const bool isWritten = !options.outputFolder.empty() || !options.htmlFile.empty();
+        if (isWritten && options.paths.size() > 1)
+            throw CLI::ValidationError("one PATH at a time goes into a page: several are for the viewer");
+        return preview(options);
     } catch (const CLI::Success& help) {
         app.exit(help);
         return ExitStatus::made;

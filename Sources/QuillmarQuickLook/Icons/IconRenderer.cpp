@@ -1,10 +1,7 @@
 #include "QuillmarQuickLook/Icons/IconRenderer.h"
 
+#include "QuillmarQuickLook/InstalledProgram.h"
 #include "QuillmarQuickLook/MessageSocket.h"
-
-#include <array>
-#include <climits>
-#include <unistd.h>
 
 namespace quillmar {
 namespace {
@@ -18,16 +15,7 @@ bool isIcon(DataView png) {
 
 } // namespace
 
-std::string IconRenderer::standardProgram() {
-    std::array<char, PATH_MAX> path{};
-    const ssize_t length = ::readlink("/proc/self/exe", path.data(), path.size());
-    if (length <= 0) return {};
-    const std::string_view program(path.data(), static_cast<std::size_t>(length));
-    const std::string folder(program.substr(0, program.rfind('/')));
-    for (const char* place : {"/QuillmarIconRenderer", "/../" QUILLMAR_LIBEXEC "/QuillmarIconRenderer"})
-        if (::access((folder + place).c_str(), X_OK) == 0) return folder + place;
-    return {};
-}
+std::string IconRenderer::standardProgram() { return installedProgram("QuillmarIconRenderer"); }
 
 bool IconRenderer::start() {
     if (program_.empty()) return false;

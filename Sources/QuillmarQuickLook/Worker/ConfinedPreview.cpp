@@ -9,7 +9,9 @@
 
 #include <algorithm>
 #include <csignal>
+#include <sys/socket.h>
 #include <sys/wait.h>
+#include <utility>
 
 namespace quillmar {
 namespace {
@@ -54,9 +56,11 @@ std::string_view reason(ChildProcess& worker, bool isLate) {
 
 } // namespace
 
-PreviewDocument ConfinedPreview::document(const FileURL& url, IconSource* icons) const {
+PreviewDocument ConfinedPreview::document(const FileURL& url, IconSource* icons, std::stop_token stop) const {
     const Moment end = std::chrono::steady_clock::now() + patience;
     ChildProcess worker(program_, PreviewWorker::argument, ChildProcess::Environment::inherited);
+    // What waits for the worker then finds it gone.
+    const std::stop_callback hangUp(std::move(stop), [&worker] { ::shutdown(worker.socket(), SHUT_RDWR); });
     if (worker.isRunning())
         if (auto document = converse(worker, url, icons, end)) return *std::move(document);
     const bool isLate = std::chrono::steady_clock::now() >= end;

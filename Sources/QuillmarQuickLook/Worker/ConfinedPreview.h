@@ -5,6 +5,7 @@
 #include "Support/IconSource.h"
 
 #include <chrono>
+#include <stop_token>
 #include <string>
 
 namespace quillmar {
@@ -16,8 +17,8 @@ public:
     explicit ConfinedPreview(std::string program = "/proc/self/exe") : program_(std::move(program)) {}
 
     /// As `QuickPreview::document`. What becomes of the worker, the answer is a page: one that says so when the
-    /// worker was stopped or made none.
-    PreviewDocument document(const FileURL& url, IconSource* icons) const;
+    /// worker was stopped or made none. Nobody should look at the page when \p stop asks for an early end.
+    PreviewDocument document(const FileURL& url, IconSource* icons, std::stop_token stop = {}) const;
 
     /// A line for each mechanism that confines workers on this machine, and whether it is in force; empty when
     /// no worker can be started.

@@ -1,0 +1,50 @@
+#include "QuillmarViewer/Surroundings.h"
+
+#include <cerrno>
+#include <cstdlib>
+#include <fcntl.h>
+#include <spawn.h>
+#include <string_view>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace quillmar {
+namespace {
+
+/// The variable by which WebKit is told to do without its sandbox.
+constexpr const char* withoutSandbox = "WEBKIT_DISABLE_SANDBOX_THIS_IS_DANGEROUS";
+
+bool isSet(const char* name) {
+    const char* value = std::getenv(name);
+    return value != nullptr && std::string_view(value) == "1";
+}
+
+/// Runs what WebKit will run: a program in namespaces of its own.
+std::optional<int> statusOfSandbox() {
+    posix_spawn_file_actions_t actions;
+    posix_spawn_file_actions_init(&actions);
+    posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
+    const char* arguments[] = {"bwrap", "--ro-bind", "/", "/", "--unshare-all", "true", nullptr};
+    pid_t process = -1;
+    const int error = ::posix_spawnp(&process, "bwrap", &actions, nullptr, const_cast<char* const*>(arguments),
+                                     environ); // not written to
+    posix_spawn_file_actions_destroy(&actions);
+    if (error != 0) return std::nullopt;
+    int status = 0;
+    while (::waitpid(process, &status, 0) < 0 && errno == EINTR) {
+    }
+    return status;
+}
+
+} // namespace
+
+std::optional<std::string> whyNoPageCanBeShown() {
+    if (isSet(withoutSandbox)) return std::nullopt;
+    const auto status = statusOfSandbox();
+    if (!status) return "WebKit's sandbox is missing: install the package bubblewrap, or use --html FILE";
+    if (*status == 0) return std::nullopt;
+    return "WebKit's sandbox cannot be made here, because this system allows no namespaces: use --html FILE "
+           "(in a container, allow user namespaces)";
+}
+
+} // namespace quillmar

@@ -1,0 +1,249 @@
+#include "QuillmarViewer/Viewer.h"
+
+#include "QuillmarViewer/GObjectPointer.h"
+#include "QuillmarViewer/Surroundings.h"
+
+#include <cstdio>
+#include <string_view>
+
+namespace quillmar {
+namespace {
+
+/// Milliseconds after which a window says that its page is being made.
+constexpr guint busyAfter = 200;
+/// Seconds without a preview after which the service leaves: it keeps memory that others may need.
+constexpr guint idleFor = 300;
+
+/// For tests: what the window shows, as a picture.
+constexpr const char* picturesPath = "/app/quillmar/Viewer";
+constexpr const char* picturesInterface =
+    "<node><interface name='app.quillmar.Viewer'><method name='SavePicture'>"
+    "<arg type='s' name='path' direction='in'/><arg type='b' name='saved' direction='out'/>"
+    "</method></interface></node>";
+
+void report(const std::string& message) { std::fputs(("quillmar: " + message + '\n').c_str(), stderr); }
+
+} // namespace
+
+struct Viewer::Callbacks {
+    static gboolean busy(gpointer data) {
+        auto* viewer = static_cast<Viewer*>(data);
+        viewer->busyTimer_ = 0;
+        viewer->window_->showBusy(viewer->item_.name);
+        viewer->announce(true);
+        return G_SOURCE_REMOVE;
+    }
+    static gboolean idle(gpointer data) {
+        auto* viewer = static_cast<Viewer*>(data);
+        viewer->idleTimer_ = 0;
+        g_main_loop_quit(viewer->loop_);
+        return G_SOURCE_REMOVE;
+    }
+    static void roleLost(void* data) {
+        auto* viewer = static_cast<Viewer*>(data);
+        if (viewer->window_ && viewer->window_->isVisible()) return; // until the window is closed
+        g_main_loop_quit(viewer->loop_);
+    }
+    static void savePicture(GDBusConnection*, const char*, const char*, const char*, const char*,
+                            GVariant* parameters, GDBusMethodInvocation* invocation, gpointer data) {
+        auto* viewer = static_cast<Viewer*>(data);
+        const auto answer = [invocation](bool isSaved) {
+            g_dbus_method_invocation_return_value(invocation, g_variant_new("(b)", isSaved ? TRUE : FALSE));
+        };
+        if (!viewer->window_ || !viewer->window_->isVisible()) return answer(false);
+        const char* path = nullptr;
+        g_variant_get(parameters, "(&s)", &path);
+        viewer->window_->savePicture(path, answer);
+    }
+};
+
+Viewer::Viewer(std::string command)
+    : command_(std::move(command)), loop_(g_main_loop_new(nullptr, FALSE)), maker_(command_) {
+    const char* address = g_getenv("DBUS_SESSION_BUS_ADDRESS");
+    const GString8 runtimeBus(g_build_filename(g_get_user_runtime_dir(), "bus", nullptr));
+    // Without a bus there must be no attempt to start one, which would outlive this program.
+    const bool hasBus = address != nullptr || g_file_test(runtimeBus.get(), G_FILE_TEST_EXISTS) != FALSE;
+    if (hasBus) connection_ = g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, nullptr);
+    if (connection_ != nullptr) g_dbus_connection_set_exit_on_close(connection_, FALSE);
+}
+
+Viewer::~Viewer() {
+    stopTimer(busyTimer_);
+    stopTimer(idleTimer_);
+    location_.cancel();
+    maker_.cancel();
+    if (picturesObject_ != 0) g_dbus_connection_unregister_object(connection_, picturesObject_);
+    window_.reset();
+    colors_.reset();
+    service_.reset();
+    if (connection_ != nullptr) g_object_unref(connection_);
+    g_main_loop_unref(loop_);
+}
+
+int Viewer::showItems(std::vector<std::string> uris) {
+    uris_ = std::move(uris);
+    if (!ensureWindow()) return 1;
+    preview(uris_.front());
+    g_main_loop_run(loop_);
+    return status_;
+}
+
+int Viewer::serve(bool maySavePictures) {
+    if (connection_ == nullptr) {
+        report("there is no session bus on which file managers could ask for previews");
+        return 1;
+    }
+    std::string error;
+    service_.emplace(static_cast<PreviewRequests&>(*this));
+    if (!service_->start(connection_, Callbacks::roleLost, this, error)) {
+        report(error);
+        return 1;
+    }
+    if (maySavePictures) {
+        GDBusNodeInfo* info = g_dbus_node_info_new_for_xml(picturesInterface, nullptr);
+        const GDBusInterfaceVTable calls{.method_call = Callbacks::savePicture,
+                                         .get_property = nullptr,
+                                         .set_property = nullptr,
+                                         .padding = {}};
+        picturesObject_ = g_dbus_connection_register_object(connection_, picturesPath, info->interfaces[0],
+                                                            &calls, this, nullptr, nullptr);
+        g_dbus_node_info_unref(info);
+    }
+    leaveWhenIdle();
+    g_main_loop_run(loop_);
+    return status_;
+}
+
+/// Starts what is heavy, when it is first needed. False, with a sentence on standard error, when it cannot.
+bool Viewer::ensureWindow() {
+    if (window_) return true;
+    auto problem = whyNoPageCanBeShown();
+    if (!problem && gtk_init_check() == FALSE)
+        problem = "there is no display to open a window on: use --html FILE";
+    if (problem) {
+        report(*problem);
+        status_ = 1;
+        g_main_loop_quit(loop_);
+        return false;
+    }
+    colors_.emplace(connection_);
+    window_.emplace(static_cast<WindowWishes&>(*this), ViewerSettings(ViewerSettings::standardFile()));
+    return true;
+}
+
+void Viewer::show(const Show& request) {
+    if (!ensureWindow()) return;
+    const bool isShown = window_->isVisible() && item_.uri == request.uri;
+    if (isShown && request.closeIfShown) return closeWindow();
+    stopTimer(idleTimer_);
+    window_->setParent(request.parentHandle);
+    window_->setActivationToken(request.activationToken);
+    service_->setParentHandle(request.parentHandle);
+    preview(request.uri);
+}
+
+void Viewer::close() {
+    if (window_) closeWindow();
+}
+
+void Viewer::warmUp() {
+    if (gtk_is_initialized() == FALSE) static_cast<void>(ensureWindow());
+    leaveWhenIdle();
+}
+
+/// Whatever was asked for before is not wanted any more.
+void Viewer::preview(const std::string& uri) {
+    stopTimer(busyTimer_);
+    maker_.cancel();
+    crashes_ = 0;
+    page_ = {};
+    item_ = {.uri = uri, .name = uri, .url = std::nullopt};
+    busyTimer_ = g_timeout_add(busyAfter, Callbacks::busy, this);
+    location_.find(uri, [this](const ItemLocation::Answer& answer) { located(answer); });
+}
+
+void Viewer::located(const ItemLocation::Answer& answer) {
+    item_.name = answer.name;
+    item_.url = answer.url;
+    const auto done = [this](Page page) { made(std::move(page)); };
+    if (answer.url) {
+        maker_.make(*answer.url, done);
+    } else {
+        const std::string name = answer.name.find('/') == answer.name.npos ? answer.name : "Item";
+        maker_.makeMessage(FileURL::root().appendingPathComponent(name), answer.message, done);
+    }
+}
+
+void Viewer::made(Page page) {
+    stopTimer(busyTimer_);
+    page_ = page;
+    window_->show(std::move(page), item_.name, PageView::Images::ownOnly);
+    announce(true);
+}
+
+void Viewer::announce(bool isVisible) {
+    if (service_) service_->setVisible(isVisible);
+}
+
+void Viewer::moveSelection(Direction direction) {
+    if (service_) {
+        using Asked = PreviewService::Direction;
+        switch (direction) {
+        case Direction::up: return service_->moveSelection(Asked::up);
+        case Direction::down: return service_->moveSelection(Asked::down);
+        case Direction::left: return service_->moveSelection(Asked::left);
+        case Direction::right: return service_->moveSelection(Asked::right);
+        }
+    }
+    const bool isForward = direction == Direction::down || direction == Direction::right;
+    if (isForward ? current_ + 1 == uris_.size() : current_ == 0) return;
+    current_ = isForward ? current_ + 1 : current_ - 1;
+    preview(uris_[current_]);
+}
+
+void Viewer::openItem() {
+    if (!item_.uri.empty())
+        g_app_info_launch_default_for_uri_async(item_.uri.c_str(), nullptr, nullptr, nullptr, nullptr);
+    closeWindow();
+}
+
+void Viewer::closeWindow() {
+    stopTimer(busyTimer_);
+    location_.cancel();
+    maker_.cancel();
+    window_->hide();
+    item_ = {};
+    page_ = {};
+    announce(false);
+    if (!service_) {
+        g_main_loop_quit(loop_);
+    } else {
+        leaveWhenIdle();
+    }
+}
+
+void Viewer::loadRemoteImages() {
+    if (!page_.html.empty()) window_->show(page_, item_.name, PageView::Images::remote);
+}
+
+/// The page is shown once more, then a page that says what happened, then nothing.
+void Viewer::pageLost() {
+    constexpr int patience = 2;
+    if (page_.html.empty() || ++crashes_ > patience) return;
+    if (crashes_ < patience || !item_.url) return window_->show(page_, item_.name, PageView::Images::ownOnly);
+    maker_.makeMessage(*item_.url, "The program that draws the page has stopped unexpectedly.",
+                       [this](Page page) { made(std::move(page)); });
+}
+
+void Viewer::leaveWhenIdle() {
+    stopTimer(idleTimer_);
+    const bool isShown = window_ && window_->isVisible();
+    if (service_ && !isShown) idleTimer_ = g_timeout_add_seconds(idleFor, Callbacks::idle, this);
+}
+
+void Viewer::stopTimer(guint& timer) {
+    if (timer != 0) g_source_remove(timer);
+    timer = 0;
+}
+
+} // namespace quillmar
