@@ -16,6 +16,19 @@ install(FILES packaging/completions/quillmar.fish DESTINATION ${CMAKE_INSTALL_DA
         COMPONENT program)
 install(FILES README.md docs/terminal.md DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT program)
 
+# The window, a package of its own: it needs GTK and WebKit, the program does not.
+if(TARGET QuillmarViewer)
+    install(TARGETS QuillmarViewer DESTINATION ${CMAKE_INSTALL_LIBEXECDIR}/quillmar COMPONENT viewer)
+    install(FILES packaging/desktop/app.quillmar.Viewer.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications
+            COMPONENT viewer)
+    install(FILES packaging/desktop/app.quillmar.Preview.desktop
+            DESTINATION ${CMAKE_INSTALL_DATADIR}/file-manager/actions COMPONENT viewer)
+    install(FILES packaging/desktop/app.quillmar.Viewer.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo
+            COMPONENT viewer)
+    install(FILES packaging/desktop/app.quillmar.Viewer.svg
+            DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps COMPONENT viewer)
+endif()
+
 # The core's door and what its declarations name.
 install(TARGETS QuickPreviewCore COMPONENT development)
 foreach(header PreviewDocument.h QuickPreview.h Platform/Data.h Platform/FileURL.h Support/IconSource.h
@@ -43,6 +56,9 @@ install(FILES ${CMAKE_CURRENT_BINARY_DIR}/QuickPreviewCore.pc DESTINATION ${CMAK
 set(CPACK_GENERATOR DEB)
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_COMPONENTS_ALL program development)
+if(TARGET QuillmarViewer)
+    list(APPEND CPACK_COMPONENTS_ALL viewer)
+endif()
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_PACKAGE_CONTACT "The Quillmar developers <developers@quillmar.invalid>")
@@ -51,6 +67,11 @@ set(CPACK_DEBIAN_PROGRAM_PACKAGE_NAME quillmar)
 set(CPACK_DEBIAN_PROGRAM_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_PROGRAM_PACKAGE_SHLIBDEPS ON)
 set(CPACK_COMPONENT_PROGRAM_DESCRIPTION "shows what a file or folder is, as one HTML page")
+set(CPACK_DEBIAN_VIEWER_PACKAGE_NAME quillmar-viewer)
+set(CPACK_DEBIAN_VIEWER_PACKAGE_SECTION utils)
+set(CPACK_DEBIAN_VIEWER_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_VIEWER_PACKAGE_DEPENDS "quillmar (= ${PROJECT_VERSION}), bubblewrap, xdg-dbus-proxy")
+set(CPACK_COMPONENT_VIEWER_DESCRIPTION "shows what files are when the space bar is pressed")
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME libquickpreviewcore-dev)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "libicu-dev (>= 72), liblzma-dev (>= 5.4), libisal-dev, libgomp1")

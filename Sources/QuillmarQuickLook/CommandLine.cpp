@@ -2,6 +2,7 @@
 
 #include "Platform/ResourceValues.h"
 #include "Platform/Terminal.h"
+#include "QuillmarQuickLook/FileManagers/PreviewRole.h"
 #include "QuillmarQuickLook/Icons/FinderIcons.h"
 #include "QuillmarQuickLook/InstalledProgram.h"
 #include "QuillmarQuickLook/PreviewProvider.h"
@@ -28,6 +29,8 @@ struct Options {
     bool usesIcons = true;
     bool isVerbose = false;
     bool wantsVersion = false;
+    bool installsPreview = false;
+    bool uninstallsPreview = false;
 };
 
 void report(std::string_view message) {
@@ -48,6 +51,9 @@ void describe(CLI::App& app, Options& options) {
     app.add_flag("--verbose", options.isVerbose, "Say on standard error what is done");
     app.add_flag("--version", options.wantsVersion,
                  "Say which version this is; with --verbose, what confines the reading of files");
+    auto* install = app.add_flag("--install-preview", options.installsPreview,
+                                 "Have file managers show previews with Quillmar, for this user");
+    app.add_flag("--uninstall-preview", options.uninstallsPreview, "Give that role back")->excludes(install);
     app.footer("A path that begins with a dash goes behind --.");
 }
 
@@ -93,13 +99,27 @@ ExitStatus openViewer(const Options& options) {
     return ExitStatus::failed;
 }
 
-ExitStatus preview(const Options& options) {
+/// Takes the previewer's role for this user, or gives it back, and says what was done.
+ExitStatus changeRole(const Options& options) {
+    const PreviewRole::Places places = PreviewRole::standardPlaces();
+    const PreviewRole::Report done =
+        options.installsPreview ? PreviewRole::install(places) : PreviewRole::uninstall(places);
+    for (const std::string& line : done.lines) {
+        const bool isProblem = !done.succeeded && &line == &done.lines.back();
+        if (isProblem)
+            report(line);
+        else
+            std::puts(printableLine(line).c_str());
+    }
+    return done.succeeded ? ExitStatus::made : ExitStatus::failed;
+}
+
+ExitStatus preview(const Options& options, bool isWritten) {
     for (const std::string& path : options.paths) {
         if (!path.empty() && itemExists(FileURL::fromCommandLine(path))) continue;
         report("“" + path + "” does not exist");
         return ExitStatus::failed;
     }
-    const bool isWritten = !options.outputFolder.empty() || !options.htmlFile.empty();
     return isWritten ? writePreview(options) : openViewer(options);
 }
 
@@ -122,11 +142,14 @@ ExitStatus run(int argc, const char* const* argv) {
     try {
         app.parse(argc, argv);
         if (options.wantsVersion) return writeVersion(options.isVerbose);
+        if (options.installsPreview || options.uninstallsPreview) return changeRole(options);
         if (app.count("PATH") == 0) throw CLI::RequiredError("PATH");
-        const bool isWritten = !options.outputFolder.empty() || !options.htmlFile.empty();
+        const bool isWritten = app.count("--html") + app.count("--output") > 0;
+        if (isWritten && options.outputFolder.empty() && options.htmlFile.empty())
+            throw CLI::ValidationError("say where the page goes: --html FILE or --output DIR");
         if (isWritten && options.paths.size() > 1)
             throw CLI::ValidationError("one PATH at a time goes into a page: several are for the viewer");
-        return preview(options);
+        return preview(options, isWritten);
     } catch (const CLI::Success& help) {
         app.exit(help);
         return ExitStatus::made;

@@ -7,6 +7,7 @@ namespace quillmar {
 namespace {
 
 constexpr const char* scheme = "quillmar-page";
+constexpr const char* pageURI = "quillmar-page:///";
 constexpr const char* viewKey = "quillmar-view"; ///< of a web view: its PageView
 
 /// The header of every page: what it says holds whatever the page itself says.
@@ -157,8 +158,7 @@ PageView::~PageView() {
 
 void PageView::load(std::string html) {
     html_ = std::move(html);
-    const std::string uri = std::string(scheme).append(":///").append(std::to_string(++loads_));
-    webkit_web_view_load_uri(view_.get(), uri.c_str());
+    webkit_web_view_load_uri(view_.get(), pageURI); // the same again, for no history is wanted
 }
 
 void PageView::setZoom(double factor) { webkit_web_view_set_zoom_level(view_.get(), factor); }

@@ -47,7 +47,6 @@ private:
     GObjectPointer<WebKitWebView> view_;
     Images images_;
     std::string html_;
-    unsigned loads_ = 0; ///< each gets an address of its own
 };
 
 } // namespace quillmar

@@ -1,6 +1,6 @@
 #pragma once
 
-/// What file managers call, as they declare it themselves.
+/// What file managers call.
 namespace quillmar::PreviewInterfaces {
 
 /// GNOME Files (Nautilus, `nautilus-previewer.c`). Its version 50 adds a fourth argument to `ShowFile`, a
@@ -11,7 +11,7 @@ inline constexpr const char* path = "/org/gnome/NautilusPreviewer";
 inline constexpr const char* interface = "org.gnome.NautilusPreviewer2";
 } // namespace Nautilus
 
-/// Nemo, from its version 5.6. It gives the number of its X11 window, and `Close` starts no previewer.
+/// Nemo, as its version 5.6 calls it: with the number of its X11 window, always closing what is shown already.
 namespace Nemo {
 inline constexpr const char* busName = "org.nemo.Preview";
 inline constexpr const char* path = "/org/nemo/Preview";

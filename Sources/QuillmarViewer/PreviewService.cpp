@@ -101,7 +101,7 @@ void PreviewService::State::call(GDBusConnection*, const char*, const char*, con
 }
 
 GVariant* PreviewService::State::valueOf(std::string_view property) const {
-    return property == "Visible" ? g_variant_new_boolean(isVisible)
+    return property == "Visible" ? g_variant_new_boolean(isVisible ? TRUE : FALSE)
                                  : g_variant_new_string(parentHandle.c_str());
 }
 

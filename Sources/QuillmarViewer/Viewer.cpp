@@ -70,12 +70,12 @@ Viewer::Viewer(std::string command)
 Viewer::~Viewer() {
     stopTimer(busyTimer_);
     stopTimer(idleTimer_);
+    service_.reset(); // who calls now starts the next one
     location_.cancel();
     maker_.cancel();
     if (picturesObject_ != 0) g_dbus_connection_unregister_object(connection_, picturesObject_);
     window_.reset();
     colors_.reset();
-    service_.reset();
     if (connection_ != nullptr) g_object_unref(connection_);
     g_main_loop_unref(loop_);
 }

@@ -1,7 +1,9 @@
 #include "QuillmarQuickLook/CommandLine.h"
 
+#include "Tests/Helpers/Environment.h"
 #include "Tests/Helpers/TemporaryFolder.h"
 
+#include <filesystem>
 #include <gtest/gtest.h>
 #include <vector>
 
@@ -86,7 +88,6 @@ TEST(CommandLine, refusesWrongUsage) {
     const std::string path = folder.write("a.c", "x").path();
     for (const auto& arguments : std::vector<std::vector<std::string>>{
              {},
-             {path},
              {"--html", "-"},
              {"--html"},
              {"--html", "", path},
@@ -100,6 +101,46 @@ TEST(CommandLine, refusesWrongUsage) {
         EXPECT_TRUE(outcome.errors.starts_with("quillmar: ")) << outcome.errors;
         EXPECT_EQ(outcome.errors.find('\n'), outcome.errors.size() - 1) << outcome.errors;
     }
+}
+
+TEST(CommandLine, saysWhatToDoWithoutADisplay) {
+    const TemporaryFolder folder;
+    const std::string path = folder.write("a.c", "x").path();
+    const ScopedEnvironment environment{{"DISPLAY", std::nullopt}, {"WAYLAND_DISPLAY", ""}};
+    for (const auto& arguments : std::vector<std::vector<std::string>>{{path}, {path, path}}) {
+        const auto outcome = runWith(arguments);
+        EXPECT_EQ(outcome.status, 1);
+        EXPECT_EQ(outcome.output, "");
+        EXPECT_NE(outcome.errors.find("no display"), std::string::npos) << outcome.errors;
+        EXPECT_NE(outcome.errors.find("--html FILE"), std::string::npos) << outcome.errors;
+    }
+}
+
+TEST(CommandLine, saysWhichOfSeveralItemsDoesNotExist) {
+    const TemporaryFolder folder;
+    const std::string missing = folder.path() / "missing";
+    const auto outcome = runWith({folder.write("a.c", "x").path(), missing});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.errors, "quillmar: “" + missing + "” does not exist\n");
+}
+
+TEST(CommandLine, takesThePreviewersRoleAndGivesItBack) {
+    const TemporaryFolder folder;
+    const ScopedEnvironment environment{{"XDG_DATA_HOME", folder.path().string()}};
+    const auto service = folder.path() / "dbus-1/services/org.gnome.NautilusPreviewer.service";
+    const auto given = runWith({"--uninstall-preview"});
+    EXPECT_EQ(given.status, 0);
+    const auto taken = runWith({"--install-preview"});
+    if (taken.status == 0) { // the viewer is built where GTK and WebKit are
+        EXPECT_TRUE(contentsOf(service).find("QuillmarViewer\" --service") != std::string::npos ||
+                    contentsOf(service).find("QuillmarViewer --service") != std::string::npos)
+            << contentsOf(service);
+        EXPECT_NE(taken.output.find(service.string()), std::string::npos);
+        EXPECT_EQ(runWith({"--uninstall-preview"}).status, 0);
+    } else {
+        EXPECT_NE(taken.errors.find("is not installed"), std::string::npos) << taken.errors;
+    }
+    EXPECT_FALSE(std::filesystem::exists(service));
 }
 
 TEST(CommandLine, explainsItself) {

@@ -5,7 +5,7 @@ _quillmar() {
     if [[ $previous == --output ]]; then
         mapfile -t COMPREPLY < <(compgen -d -- "$current")
     elif [[ $current == -* ]]; then
-        mapfile -t COMPREPLY < <(compgen -W '--help --html --no-icons --output --verbose --version' -- "$current")
+        mapfile -t COMPREPLY < <(compgen -W '--help --html --install-preview --no-icons --output --uninstall-preview --verbose --version' -- "$current")
     else
         mapfile -t COMPREPLY < <(compgen -f -- "$current")
     fi

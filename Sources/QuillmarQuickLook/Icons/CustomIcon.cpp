@@ -3,6 +3,7 @@
 #include "Platform/FileError.h"
 #include "Platform/FileHandle.h"
 #include "Platform/ResourceValues.h"
+#include "QuillmarQuickLook/Icons/GvfsIcon.h"
 #include "QuillmarQuickLook/Icons/KeyFile.h"
 
 #include <array>
@@ -80,6 +81,7 @@ std::optional<std::string> iconOfUserFolder(const FileURL& url) {
 std::optional<std::string> customIcon(const FileURL& url) {
     const auto values = resourceValues(url);
     if (!values) return std::nullopt;
+    if (auto icon = iconInMetadata(url)) return icon;
     if (values->isDirectory) {
         if (auto icon = iconInEntry(url.appendingPathComponent(".directory"))) return icon;
         return iconOfUserFolder(url);
