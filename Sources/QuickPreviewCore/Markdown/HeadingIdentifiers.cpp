@@ -14,11 +14,13 @@ namespace {
 /// What a byte of ASCII becomes in an identifier; NUL: nothing.
 constexpr auto identifierBytes = [] {
     std::array<char, 128> table{};
-    for (char c = '0'; c <= '9'; ++c) table[static_cast<std::size_t>(c)] = c;
-    for (char c = 'a'; c <= 'z'; ++c) table[static_cast<std::size_t>(c)] = c;
-    for (char c = 'A'; c <= 'Z'; ++c) table[static_cast<std::size_t>(c)] = static_cast<char>(c - 'A' + 'a');
-    table['-'] = table[' '] = '-';
-    table['_'] = '_';
+    const auto keep = [&table](std::string_view bytes) {
+        for (const char c : bytes) table.at(static_cast<unsigned char>(c)) = c;
+    };
+    keep("0123456789abcdefghijklmnopqrstuvwxyz-_");
+    for (unsigned char upper = 'A'; upper <= 'Z'; ++upper)
+        table.at(upper) = static_cast<char>(upper + 'a' - 'A');
+    table.at(' ') = '-';
     return table;
 }();
 
