@@ -32,6 +32,19 @@ showsItself "$prefix/bin/quillmar"
 man --warnings --local-file "$prefix/share/man/man1/quillmar.1" 2>&1 >/dev/null | grep . && fail "the manual has faults"
 bash -n "$prefix/share/bash-completion/completions/quillmar" || fail "bash cannot read the completion"
 
+# The window, and the role that it takes for a user.
+if [[ -x $build/bin/QuillmarViewer ]]; then
+    cmake --install "$build" --prefix "$prefix" --component viewer >/dev/null
+    desktop-file-validate "$prefix/share/applications/app.quillmar.Viewer.desktop"
+    appstreamcli validate --no-net "$prefix/share/metainfo/app.quillmar.Viewer.metainfo.xml" >"$scratch/appstream" ||
+        fail "the AppStream data has faults: $(<"$scratch/appstream")"
+    XDG_DATA_HOME=$scratch/data "$prefix/bin/quillmar" --install-preview >/dev/null
+    grep --quiet "Exec=.*libexec/quillmar/QuillmarViewer.* --service" \
+        "$scratch/data/dbus-1/services/org.gnome.NautilusPreviewer.service" || fail "the role names another program"
+    XDG_DATA_HOME=$scratch/data "$prefix/bin/quillmar" --uninstall-preview >/dev/null
+    [[ ! -e $scratch/data/dbus-1/services/org.gnome.NautilusPreviewer.service ]] || fail "the role is not given back"
+fi
+
 # The core in somebody else's program, found by CMake and by pkg-config.
 cmake -S "$source/docs/embedding" -B "$scratch/embedding" -DCMAKE_PREFIX_PATH="$prefix" >/dev/null
 cmake --build "$scratch/embedding" >/dev/null
@@ -49,6 +62,13 @@ done
 (cd "$scratch" && cpack --config "$build/CPackConfig.cmake" >/dev/null)
 for package in "$scratch"/*.deb; do dpkg-deb --extract "$package" "$scratch/root"; done
 showsItself "$scratch/root/usr/bin/quillmar"
+if [[ -x $build/bin/QuillmarViewer ]]; then
+    [[ -x $scratch/root/usr/libexec/quillmar/QuillmarViewer ]] || fail "the viewer's package does not hold it"
+    depends=$(dpkg-deb --field "$scratch"/quillmar-viewer_*.deb Depends)
+    for package in bubblewrap libgtk-4-1 libwebkitgtk-6.0-4 quillmar; do
+        [[ $depends == *"$package"* ]] || fail "the viewer's package does not depend on $package: $depends"
+    done
+fi
 depends=$(dpkg-deb --field "$scratch"/quillmar_*.deb Depends)
 for library in libc6 libcairo2 libisal2 librsvg2-2; do
     [[ $depends == *"$library"* ]] || fail "the package does not depend on $library: $depends"
