@@ -14,7 +14,8 @@ std::string installedProgram(const std::string& name) {
     const std::string_view program(path.data(), static_cast<std::size_t>(length));
     const std::string folder(program.substr(0, program.rfind('/')));
     for (const char* place : {"/", "/../" QUILLMAR_LIBEXEC "/", "/../../" QUILLMAR_BIN "/"}) {
-        std::string candidate = folder + place + name;
+        std::string candidate = folder;
+        candidate.append(place).append(name);
         if (::access(candidate.c_str(), X_OK) == 0) return candidate;
     }
     return {};

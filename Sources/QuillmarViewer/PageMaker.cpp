@@ -6,6 +6,8 @@
 #include "QuillmarQuickLook/PreviewWriter.h"
 #include "QuillmarQuickLook/Worker/ConfinedPreview.h"
 
+#include <algorithm>
+#include <array>
 #include <atomic>
 #include <glib.h>
 #include <string_view>
@@ -24,10 +26,9 @@ namespace {
 
 /// Raw HTML and Markdown write remote sources like that; what this misses is not loaded either.
 bool namesRemoteImages(std::string_view html) {
-    for (const std::string_view source :
-         {"src=\"http://", "src=\"https://", "src='http://", "src='https://", "srcset=\"http"})
-        if (html.find(source) != html.npos) return true;
-    return false;
+    constexpr std::array sources{"src=\"http://", "src=\"https://", "src='http://", "src='https://",
+                                 "srcset=\"http"};
+    return std::ranges::any_of(sources, [html](const char* source) { return html.find(source) != html.npos; });
 }
 
 Page pageOf(PreviewReply reply) {

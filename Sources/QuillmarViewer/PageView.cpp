@@ -1,5 +1,7 @@
 #include "QuillmarViewer/PageView.h"
 
+#include <algorithm>
+#include <array>
 #include <libsoup/soup.h>
 #include <string_view>
 
@@ -36,9 +38,8 @@ GObjectPointer<WebKitSettings> settings() {
 }
 
 bool isForBrowser(std::string_view uri) {
-    for (const std::string_view prefix : {"https:", "http:", "mailto:"})
-        if (uri.starts_with(prefix)) return true;
-    return false;
+    constexpr std::array schemes{"https:", "http:", "mailto:"};
+    return std::ranges::any_of(schemes, [uri](const char* prefix) { return uri.starts_with(prefix); });
 }
 
 std::string_view withoutFragment(std::string_view uri) { return uri.substr(0, uri.find('#')); }
@@ -75,7 +76,7 @@ gboolean trimContextMenu(WebKitWebView*, WebKitContextMenu* menu, WebKitHitTestR
         if (action != WEBKIT_CONTEXT_MENU_ACTION_COPY && action != WEBKIT_CONTEXT_MENU_ACTION_SELECT_ALL)
             webkit_context_menu_remove(menu, item);
     }
-    return webkit_context_menu_get_n_items(menu) == 0;
+    return webkit_context_menu_get_n_items(menu) == 0 ? TRUE : FALSE;
 }
 
 } // namespace

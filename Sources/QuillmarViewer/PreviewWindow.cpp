@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace quillmar {
 namespace {
@@ -29,6 +30,13 @@ struct PreviewWindow::Callbacks {
     static gboolean closeRequest(GtkWindow*, gpointer data) {
         static_cast<PreviewWindow*>(data)->wishes_.closeWindow();
         return TRUE;
+    }
+    /// The screen has given the window its first size. Another page may have come meanwhile.
+    static void laidOut(GdkSurface*, int, int, gpointer data) {
+        auto* window = static_cast<PreviewWindow*>(data);
+        const auto presented = std::exchange(window->presented_, std::nullopt);
+        if (presented && window->given_ && *presented != *window->given_)
+            gtk_window_set_default_size(window->window_, window->given_->width, window->given_->height);
     }
     static void pageClicked(GtkGestureClick*, int, double, double, gpointer data) {
         static_cast<PreviewWindow*>(data)->setInContent(true);
@@ -173,6 +181,10 @@ void PreviewWindow::present() {
     if (isVisible()) return; // an update leaves the focus where it is
     gtk_widget_realize(GTK_WIDGET(window_));
     setParentWindow(window_, parent_);
+    presented_ = given_;
+    GdkSurface* surface = gtk_native_get_surface(GTK_NATIVE(window_));
+    g_signal_handlers_disconnect_by_data(surface, this); // of the time before
+    g_signal_connect(surface, "layout", G_CALLBACK(Callbacks::laidOut), this);
     gtk_window_present(window_);
     gtk_widget_grab_focus(view_->widget());
 }
@@ -234,7 +246,8 @@ std::string PreviewWindow::screen() const {
 
 /// Keeps the window's size if somebody but us has given it.
 void PreviewWindow::rememberSize() {
-    if (!given_ || !isVisible() || gtk_window_is_fullscreen(window_) || gtk_window_is_maximized(window_))
+    if (!given_ || presented_ || !isVisible() || gtk_window_is_fullscreen(window_) ||
+        gtk_window_is_maximized(window_))
         return;
     ViewerSettings::Size size;
     gtk_window_get_default_size(window_, &size.width, &size.height);

@@ -82,8 +82,8 @@ Viewer::~Viewer() {
 
 int Viewer::showItems(std::vector<std::string> uris) {
     uris_ = std::move(uris);
-    if (!ensureWindow()) return 1;
-    preview(uris_.front());
+    preview(uris_.front()); // made while GTK and WebKit start
+    if (!ensureWindow()) return status_;
     g_main_loop_run(loop_);
     return status_;
 }
@@ -132,14 +132,14 @@ bool Viewer::ensureWindow() {
 }
 
 void Viewer::show(const Show& request) {
-    if (!ensureWindow()) return;
-    const bool isShown = window_->isVisible() && item_.uri == request.uri;
+    const bool isShown = window_ && window_->isVisible() && item_.uri == request.uri;
     if (isShown && request.closeIfShown) return closeWindow();
     stopTimer(idleTimer_);
+    preview(request.uri);
+    if (!ensureWindow()) return;
     window_->setParent(request.parentHandle);
     window_->setActivationToken(request.activationToken);
     service_->setParentHandle(request.parentHandle);
-    preview(request.uri);
 }
 
 void Viewer::close() {
