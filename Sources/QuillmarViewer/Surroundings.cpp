@@ -1,5 +1,6 @@
 #include "QuillmarViewer/Surroundings.h"
 
+#include <array>
 #include <cerrno>
 #include <cstdlib>
 #include <fcntl.h>
@@ -24,10 +25,12 @@ std::optional<int> statusOfSandbox() {
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
     posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
-    const char* arguments[] = {"bwrap", "--ro-bind", "/", "/", "--unshare-all", "true", nullptr};
+    const std::array<const char*, 7> arguments{"bwrap",         "--ro-bind", "/",    "/",
+                                               "--unshare-all", "true",      nullptr};
     pid_t process = -1;
-    const int error = ::posix_spawnp(&process, "bwrap", &actions, nullptr, const_cast<char* const*>(arguments),
-                                     environ); // not written to
+    const int error =
+        ::posix_spawnp(&process, "bwrap", &actions, nullptr, const_cast<char* const*>(arguments.data()),
+                       environ); // not written to
     posix_spawn_file_actions_destroy(&actions);
     if (error != 0) return std::nullopt;
     int status = 0;

@@ -21,6 +21,11 @@ constexpr const char* picturesInterface =
     "<arg type='s' name='path' direction='in'/><arg type='b' name='saved' direction='out'/>"
     "</method></interface></node>";
 
+void stopTimer(guint& timer) {
+    if (timer != 0) g_source_remove(timer);
+    timer = 0;
+}
+
 void report(const std::string& message) { std::fputs(("quillmar: " + message + '\n').c_str(), stderr); }
 
 } // namespace
@@ -239,11 +244,6 @@ void Viewer::leaveWhenIdle() {
     stopTimer(idleTimer_);
     const bool isShown = window_ && window_->isVisible();
     if (service_ && !isShown) idleTimer_ = g_timeout_add_seconds(idleFor, Callbacks::idle, this);
-}
-
-void Viewer::stopTimer(guint& timer) {
-    if (timer != 0) g_source_remove(timer);
-    timer = 0;
 }
 
 } // namespace quillmar

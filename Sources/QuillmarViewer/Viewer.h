@@ -51,7 +51,6 @@ private:
     void made(Page page);
     void announce(bool isVisible);
     void leaveWhenIdle();
-    void stopTimer(guint& timer);
 
     std::string command_;
     GMainLoop* loop_ = nullptr;

@@ -3,6 +3,7 @@
 #include "QuillmarViewer/GObjectPointer.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace quillmar {
@@ -62,8 +63,8 @@ std::optional<ViewerSettings::Size> ViewerSettings::size(const std::string& scre
 
 void ViewerSettings::setSize(const std::string& screen, Size size) const {
     const KeyFile file(file_);
-    int sides[] = {size.width, size.height}; // what the library takes
-    g_key_file_set_integer_list(file.get(), sizeGroup, keyOf(screen).c_str(), sides, 2);
+    std::array<int, 2> sides{size.width, size.height}; // the library takes them unconst
+    g_key_file_set_integer_list(file.get(), sizeGroup, keyOf(screen).c_str(), sides.data(), sides.size());
     file.save();
 }
 
