@@ -92,9 +92,8 @@ PreviewWindow::PreviewWindow(WindowWishes& wishes, ViewerSettings settings)
     busy_ = gtk_box_new(GTK_ORIENTATION_VERTICAL, margin);
     gtk_widget_set_halign(busy_, GTK_ALIGN_CENTER);
     gtk_widget_set_valign(busy_, GTK_ALIGN_CENTER);
-    GtkWidget* spinner = gtk_spinner_new();
-    gtk_spinner_set_spinning(GTK_SPINNER(spinner), TRUE);
-    gtk_box_append(GTK_BOX(busy_), spinner);
+    spinner_ = GTK_SPINNER(gtk_spinner_new());
+    gtk_box_append(GTK_BOX(busy_), GTK_WIDGET(spinner_));
     busyLabel_ = GTK_LABEL(labelled(""));
     gtk_box_append(GTK_BOX(busy_), GTK_WIDGET(busyLabel_));
     gtk_widget_set_visible(busy_, FALSE);
@@ -256,7 +255,10 @@ void PreviewWindow::rememberSize() {
     settings_.setSize(screen(), size);
 }
 
-void PreviewWindow::setBusy(bool isBusy) { gtk_widget_set_visible(busy_, isBusy ? TRUE : FALSE); }
+void PreviewWindow::setBusy(bool isBusy) {
+    gtk_widget_set_visible(busy_, isBusy ? TRUE : FALSE);
+    gtk_spinner_set_spinning(spinner_, isBusy ? TRUE : FALSE); // it would draw unseen
+}
 
 void PreviewWindow::setInContent(bool isInContent) {
     isInContent_ = isInContent;

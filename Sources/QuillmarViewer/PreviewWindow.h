@@ -78,6 +78,7 @@ private:
     GtkWidget* imagesBar_ = nullptr; ///< offers to load remote pictures
     GtkOverlay* overlay_ = nullptr;
     GtkWidget* busy_ = nullptr;
+    GtkSpinner* spinner_ = nullptr;
     GtkLabel* busyLabel_ = nullptr;
     GtkWidget* wayBack_ = nullptr; ///< shown while arrow keys scroll
     GtkWidget* findBar_ = nullptr;
