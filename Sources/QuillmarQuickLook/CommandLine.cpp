@@ -86,7 +86,8 @@ ExitStatus openViewer(const Options& options) {
     }
     std::string viewer = installedProgram("QuillmarViewer");
     if (viewer.empty()) {
-        report("the viewer is not installed (the package quillmar-viewer): --html FILE writes the page instead");
+        report(
+            "the viewer is not installed (the package quillmar-viewer): --html FILE writes the page instead");
         return ExitStatus::failed;
     }
     std::vector<std::string> paths = options.paths;

@@ -3,9 +3,9 @@
 #include "QuillmarQuickLook/FileManagers/ServiceFile.h"
 #include "QuillmarQuickLook/FileManagers/ServicesFolder.h"
 #include "QuillmarQuickLook/InstalledProgram.h"
+#include "QuillmarQuickLook/UserFolders.h"
 
 #include <array>
-#include <cstdlib>
 #include <filesystem>
 #include <string_view>
 #include <unistd.h>
@@ -121,14 +121,7 @@ void checkViewer(const std::string& viewer) {
 
 Places standardPlaces() {
     const std::filesystem::path viewer = installedProgram("QuillmarViewer");
-    Places places{.dataFolder = {}, .viewer = viewer.lexically_normal()};
-    for (const auto& [variable, below] : {std::pair("XDG_DATA_HOME", ""), std::pair("HOME", "/.local/share")}) {
-        const char* value = std::getenv(variable);
-        if (value == nullptr || value[0] != '/') continue;
-        places.dataFolder = value + std::string(below);
-        break;
-    }
-    return places;
+    return {.dataFolder = UserFolders::data(), .viewer = viewer.lexically_normal()};
 }
 
 Report install(const Places& places) {

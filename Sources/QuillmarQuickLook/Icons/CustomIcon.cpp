@@ -5,9 +5,9 @@
 #include "Platform/ResourceValues.h"
 #include "QuillmarQuickLook/Icons/GvfsIcon.h"
 #include "QuillmarQuickLook/Icons/KeyFile.h"
+#include "QuillmarQuickLook/UserFolders.h"
 
 #include <array>
-#include <cstdlib>
 #include <string_view>
 
 namespace quillmar {
@@ -28,11 +28,6 @@ constexpr std::array userFolders{
     UserFolder{"XDG_TEMPLATES_DIR", "folder-templates"},
     UserFolder{"XDG_VIDEOS_DIR", "folder-videos"},
 };
-
-std::string absoluteVariable(const char* name) {
-    const char* value = std::getenv(name);
-    return value != nullptr && value[0] == '/' ? value : std::string();
-}
 
 /// What \p url says of the icon, as a desktop entry.
 std::optional<std::string> iconInEntry(const FileURL& url) {
@@ -56,15 +51,13 @@ std::string userFolder(std::string_view value, const std::string& home) {
 }
 
 std::optional<std::string> iconOfUserFolder(const FileURL& url) {
-    const std::string home = absoluteVariable("HOME");
+    const std::string home = UserFolders::home();
     if (home.empty()) return std::nullopt;
     const FileURL homeURL = FileURL::standardized(home, FileURL::root());
     if (url == homeURL) return "user-home";
-    std::string settings = absoluteVariable("XDG_CONFIG_HOME");
-    if (settings.empty()) settings = home + "/.config";
     try {
         // Lines of a shell, but like those of a key file without groups.
-        const FileURL file = FileURL::standardized(settings + "/user-dirs.dirs", FileURL::root());
+        const FileURL file = FileURL::standardized(UserFolders::config() + "/user-dirs.dirs", FileURL::root());
         const KeyFile folders(readPrefix(file, KeyFile::maxBytes));
         for (const auto& [key, icon] : userFolders) {
             const std::string path = userFolder(folders.value("", key).value_or(std::string_view()), home);

@@ -4,6 +4,7 @@
 #include "Platform/FileHandle.h"
 #include "QuillmarQuickLook/Icons/DconfDatabase.h"
 #include "QuillmarQuickLook/Icons/KeyFile.h"
+#include "QuillmarQuickLook/UserFolders.h"
 
 #include <algorithm>
 #include <array>
@@ -47,12 +48,6 @@ std::string variable(const char* name) {
     return value != nullptr ? value : std::string();
 }
 
-std::string settingsFolder() {
-    if (std::string folder = variable("XDG_CONFIG_HOME"); folder.starts_with('/')) return folder;
-    const std::string home = variable("HOME");
-    return home.starts_with('/') ? home + "/.config" : std::string();
-}
-
 bool isInstalled(const std::string& theme, const std::vector<std::string>& folders) {
     if (theme.empty() || theme.find('/') != theme.npos) return false;
     return std::ranges::any_of(folders, [&](const std::string& folder) {
@@ -88,7 +83,7 @@ std::string readDconf(const std::string& folder, std::string_view desktop) {
 std::string desktopIconTheme(const std::vector<std::string>& folders) {
     const std::string desktop = variable("XDG_CURRENT_DESKTOP");
     const bool isKDE = desktop.find("KDE") != std::string::npos;
-    const std::string settings = settingsFolder();
+    const std::string settings = UserFolders::config();
     if (!settings.empty()) {
         std::vector<std::string> themes{readDconf(settings, desktop)};
         for (const Setting& setting : gtk) themes.push_back(read(settings, setting));

@@ -4,6 +4,7 @@
 #include "Platform/FileError.h"
 #include "Platform/FileHandle.h"
 #include "QuillmarQuickLook/Icons/FileMetadata.h"
+#include "QuillmarQuickLook/UserFolders.h"
 #include "Support/PercentEncoding.h"
 
 #include <cstddef>
@@ -20,16 +21,9 @@ namespace {
 constexpr std::string_view pictureKey = "custom-icon";
 constexpr std::string_view nameKey = "custom-icon-name";
 
-std::string absoluteVariable(const char* name) {
-    const char* value = std::getenv(name);
-    return value != nullptr && value[0] == '/' ? value : std::string();
-}
-
 std::string metadataFolder() {
-    if (const std::string data = absoluteVariable("XDG_DATA_HOME"); !data.empty())
-        return data + "/gvfs-metadata";
-    const std::string home = absoluteVariable("HOME");
-    return home.empty() ? std::string() : home + "/.local/share/gvfs-metadata";
+    const std::string data = UserFolders::data();
+    return data.empty() ? data : data + "/gvfs-metadata";
 }
 
 /// \p path without symbolic links; empty when nothing is there.
@@ -61,7 +55,7 @@ std::optional<Place> placeOf(const FileURL& url) {
     }
     struct stat item {};
     if (::lstat(path.c_str(), &item) != 0) return std::nullopt;
-    const std::string home = resolved(absoluteVariable("HOME"));
+    const std::string home = resolved(UserFolders::home());
     struct stat homeItem {};
     if (!isBelow(path, home) || ::stat(home.c_str(), &homeItem) != 0 || homeItem.st_dev != item.st_dev)
         return Place{.tree = "root", .path = std::move(path)};

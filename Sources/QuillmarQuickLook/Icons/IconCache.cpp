@@ -3,12 +3,12 @@
 #include "Platform/Directory.h"
 #include "Platform/DirectoryReader.h"
 #include "Platform/FileError.h"
+#include "QuillmarQuickLook/UserFolders.h"
 
 #include <algorithm>
 #include <array>
 #include <cstdint>
 #include <cstdio>
-#include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
 #include <filesystem>
@@ -57,11 +57,8 @@ std::optional<Data> readOwnFile(const std::string& path) {
 } // namespace
 
 std::string IconCache::standardFolder() {
-    for (const auto& [variable, below] : {std::pair("XDG_CACHE_HOME", ""), std::pair("HOME", "/.cache")}) {
-        const char* value = std::getenv(variable);
-        if (value != nullptr && value[0] == '/') return value + std::string(below) + "/quillmar/icons";
-    }
-    return {};
+    const std::string cache = UserFolders::cache();
+    return cache.empty() ? cache : cache + "/quillmar/icons";
 }
 
 std::string IconCache::pathFor(std::string_view key) const {

@@ -3,6 +3,7 @@
 #include "Platform/FileError.h"
 #include "Platform/FileHandle.h"
 #include "QuillmarQuickLook/Icons/KeyFile.h"
+#include "QuillmarQuickLook/UserFolders.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -43,12 +44,6 @@ std::string resolved(const std::string& path) {
     return target ? target.get() : std::string();
 }
 
-/// Empty when it is not set or not an absolute path.
-std::string folderVariable(const char* name) {
-    const char* value = std::getenv(name);
-    return value != nullptr && value[0] == '/' ? value : std::string();
-}
-
 void sortByFitness(std::vector<IconDirectory>& directories) {
     const auto isBetter = [](const IconDirectory& a, const IconDirectory& b) {
         const bool aIsSmaller = a.isSmallerThan(IconFinder::wantedSize);
@@ -63,10 +58,9 @@ void sortByFitness(std::vector<IconDirectory>& directories) {
 
 std::vector<std::string> IconFinder::standardFolders() {
     std::vector<std::string> folders;
-    const std::string home = folderVariable("HOME");
-    std::string dataHome = folderVariable("XDG_DATA_HOME");
-    if (dataHome.empty() && !home.empty()) dataHome = home + "/.local/share";
-    if (!dataHome.empty()) folders.push_back(dataHome + "/icons");
+    const std::string home = UserFolders::home();
+    const std::string data = UserFolders::data();
+    if (!data.empty()) folders.push_back(data + "/icons");
     if (!home.empty()) folders.push_back(home + "/.icons");
     const char* variable = std::getenv("XDG_DATA_DIRS");
     std::string_view rest = variable != nullptr && variable[0] != '\0' ? variable : defaultDataFolders;
