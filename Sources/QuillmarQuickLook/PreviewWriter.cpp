@@ -81,10 +81,12 @@ constexpr std::string_view contentSecurityPolicy =
     "https:; "
     "style-src 'unsafe-inline'\">\n";
 
-/// Where the policy goes: behind the character set, before anything that it governs.
-constexpr std::string_view policyPlace = "<meta charset=\"utf-8\">\n";
+/// How our pages begin. The policy goes between the two: behind the character set, before anything that it
+/// governs.
+constexpr std::string_view pageStart = "<!DOCTYPE html>\n<html>\n<head>\n<meta charset=\"utf-8\">\n";
+constexpr std::string_view colorSchemes = "<meta name=\"color-scheme\" content=\"light dark\">\n";
 
-/// What the body of a page of ours never holds. Raw HTML of a Markdown document can bring these past a filter
+/// What a page of ours never holds behind that. Raw HTML of a Markdown document can bring these past a filter
 /// of text, and no policy stops a refresh, a base, or what a link or a frame's own document fetches ahead.
 constexpr std::array<std::string_view, 4> foreignElements{"meta", "link", "base", "iframe"};
 
@@ -118,8 +120,6 @@ void writeBody(std::string_view html, const std::function<void(DataView)>& write
     write(html);
 }
 
-constexpr std::string_view headEnd = "</head>";
-
 constexpr std::string_view scheme = "cid:";
 
 /// Hands the pieces of the page that stands alone to \p write, in their order; the large ones are never copied.
@@ -129,13 +129,15 @@ void composePage(PreviewReply& reply, std::size_t room, const std::function<void
     std::map<std::string_view, std::string> urls;
     for (const auto& [name, attachment] : reply.attachments) urls.emplace(name, dataURL(attachment));
 
-    const std::size_t policyAt = html.find(policyPlace) + policyPlace.size();
-    const std::size_t headEndAt = html.find(headEnd, policyAt);
-    const std::size_t bodyAt = headEndAt == html.npos ? policyAt : headEndAt;
-    write(html.substr(0, policyAt));
+    // A worker that has been taken over makes pages of other forms: the policy holds for them as well.
+    const auto writeAsItStands = [&](std::string_view beginning) {
+        if (!html.starts_with(beginning)) return;
+        write(beginning);
+        html.remove_prefix(beginning.size());
+    };
+    writeAsItStands(pageStart);
     write(contentSecurityPolicy);
-    write(html.substr(policyAt, bodyAt - policyAt));
-    html.remove_prefix(bodyAt);
+    writeAsItStands(colorSchemes);
 
     // A reference is the whole of a quoted value. Raw HTML has quotation marks of both kinds.
     for (std::size_t start = 0; (start = html.find(scheme, start)) != html.npos;) {

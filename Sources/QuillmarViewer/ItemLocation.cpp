@@ -2,6 +2,8 @@
 
 #include "QuillmarViewer/GObjectPointer.h"
 
+#include <climits>
+
 namespace quillmar {
 namespace {
 
@@ -9,8 +11,11 @@ std::string nameOf(GFile* file) {
     const GString8 base(g_file_get_basename(file));
     if (!base) return "Item";
     const GString8 name(g_filename_display_name(base.get()));
-    return name.get();
+    return std::string(name.get()).substr(0, NAME_MAX);
 }
+
+/// No file system has one; a page would take long to draw it.
+bool isNameTooLong(const FileURL& url) { return url.path().size() - url.path().rfind('/') - 1 > NAME_MAX; }
 
 std::optional<FileURL> localURL(GFile* file) {
     const GString8 path(g_file_get_path(file));
@@ -73,6 +78,7 @@ void ItemLocation::find(const std::string& uri, Found found) {
     GObjectPointer<GFile> file(g_file_new_for_uri(uri.c_str()));
     if (g_file_has_uri_scheme(file.get(), "file") != FALSE) {
         auto url = localURL(file.get());
+        if (url && isNameTooLong(*url)) url.reset();
         const std::string message = url ? "" : "Its address is not one of a file.";
         found({.url = std::move(url), .name = nameOf(file.get()), .message = message});
         return;

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <array>
 #include <atomic>
+#include <exception>
 #include <glib.h>
 #include <string_view>
 #include <utility>
@@ -37,6 +38,18 @@ Page pageOf(PreviewReply reply) {
               .height = reply.contentSize.height};
     page.namesRemoteImages = namesRemoteImages(page.html);
     return page;
+}
+
+/// What a page cannot be made of for lack of memory, or for a reason that nobody has thought of, is a short
+/// page.
+Page makeOrExplain(const std::function<Page(std::stop_token)>& make, const std::stop_token& stop) {
+    try {
+        return make(stop);
+    } catch (const std::exception&) {
+        return {.html = "<!DOCTYPE html><meta charset=\"utf-8\"><p>This preview could not be made.",
+                .width = 520,
+                .height = 380};
+    }
 }
 
 } // namespace
@@ -82,7 +95,7 @@ void PageMaker::start(Make make, Done done) {
     };
     constexpr auto forget = [](gpointer data) { delete static_cast<Handed*>(data); };
     job->thread = std::jthread([job, make = std::move(make), finish, forget](const std::stop_token& stop) {
-        job->page = make(stop);
+        job->page = makeOrExplain(make, stop);
         job->isFinished = true;
         g_idle_add_full(G_PRIORITY_DEFAULT, finish, new Handed(job), forget);
     });

@@ -4,6 +4,7 @@
 #include <array>
 #include <libsoup/soup.h>
 #include <string_view>
+#include <utility>
 
 namespace quillmar {
 namespace {
@@ -106,8 +107,16 @@ struct PageView::Callbacks {
     }
 
     static void loadChanged(WebKitWebView*, WebKitLoadEvent event, gpointer data) {
-        const auto* page = static_cast<PageView*>(data);
-        if (event == WEBKIT_LOAD_FINISHED && page->onLoaded) page->onLoaded();
+        auto* page = static_cast<PageView*>(data);
+        if (event != WEBKIT_LOAD_FINISHED || std::exchange(page->isReplaced_, false)) return;
+        page->isLoading_ = false;
+        if (page->onLoaded) page->onLoaded();
+    }
+
+    /// Pages come from here, so what fails is a load in whose place another one has begun.
+    static gboolean loadFailed(WebKitWebView*, WebKitLoadEvent, const char*, GError*, gpointer data) {
+        static_cast<PageView*>(data)->isReplaced_ = true;
+        return TRUE; // no page of WebKit's own
     }
 
     static void crashed(WebKitWebView*, WebKitWebProcessTerminationReason, gpointer data) {
@@ -149,16 +158,19 @@ PageView::PageView(Images images) : images_(images) {
     g_signal_connect(view_.get(), "decide-policy", G_CALLBACK(decidePolicy), nullptr);
     g_signal_connect(view_.get(), "context-menu", G_CALLBACK(trimContextMenu), nullptr);
     g_signal_connect(view_.get(), "load-changed", G_CALLBACK(Callbacks::loadChanged), this);
+    g_signal_connect(view_.get(), "load-failed", G_CALLBACK(Callbacks::loadFailed), this);
     g_signal_connect(view_.get(), "web-process-terminated", G_CALLBACK(Callbacks::crashed), this);
 }
 
 PageView::~PageView() {
     g_object_set_data(G_OBJECT(view_.get()), viewKey, nullptr);
     g_signal_handlers_disconnect_by_data(view_.get(), this);
+    if (isLoading_ && !isBlank()) webkit_web_view_terminate_web_process(view_.get()); // nobody waits for it
 }
 
 void PageView::load(std::string html) {
     html_ = std::move(html);
+    isLoading_ = true;
     webkit_web_view_load_uri(view_.get(), pageURI); // the same again, for no history is wanted
 }
 

@@ -25,6 +25,9 @@ public:
     /// Shows \p html; `onLoaded` is called when it can be seen. An empty page makes WebKit warm.
     void load(std::string html);
     bool isBlank() const { return html_.empty(); }
+    /// True until what was asked for last can be seen. Drawing it may take a hostile page forever.
+    bool isLoading() const { return isLoading_; }
+    Images images() const { return images_; }
 
     std::function<void()> onLoaded;
     /// The process that draws has ended; `load` starts another.
@@ -47,6 +50,8 @@ private:
     GObjectPointer<WebKitWebView> view_;
     Images images_;
     std::string html_;
+    bool isLoading_ = false;
+    bool isReplaced_ = false; ///< the load that is about to end has made room for the next one
 };
 
 } // namespace quillmar

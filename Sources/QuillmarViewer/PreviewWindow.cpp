@@ -140,6 +140,7 @@ void PreviewWindow::renewView(PageView::Images images) {
     gtk_widget_add_controller(fresh->widget(), GTK_EVENT_CONTROLLER(click));
     gtk_overlay_set_child(overlay_, fresh->widget());
     view_ = std::move(fresh);
+    if (isVisible()) gtk_widget_grab_focus(view_->widget()); // which went with the view before
     view_->setZoom(zoom_);
     view_->load({});
 }
@@ -149,7 +150,8 @@ void PreviewWindow::show(Page page, const std::string& title, PageView::Images i
     gtk_window_set_title(window_, title.c_str());
     setInContent(false);
     endFind();
-    if (images == PageView::Images::remote) renewView(images);
+    const bool isHeldUp = view_->isLoading() && !view_->isBlank();
+    if (isHeldUp || images != view_->images()) renewView(images);
     const bool offersImages = page_.namesRemoteImages && images == PageView::Images::ownOnly;
     gtk_widget_set_visible(imagesBar_, offersImages ? TRUE : FALSE);
     if (!isVisible() || !gtk_window_is_fullscreen(window_)) fit(page_.width, page_.height);
@@ -164,10 +166,10 @@ void PreviewWindow::show(Page page, const std::string& title, PageView::Images i
 void PreviewWindow::showBusy(const std::string& title) {
     const std::string text = "Reading “" + title + "”…";
     gtk_label_set_text(busyLabel_, text.c_str());
+    gtk_window_set_title(window_, title.c_str());
     if (!isVisible()) {
         constexpr double width = 520;
         constexpr double height = 380;
-        gtk_window_set_title(window_, title.c_str());
         fit(width, height);
     } else if (view_ && !view_->isBlank()) {
         renewView(PageView::Images::ownOnly); // the page of another item is no answer

@@ -85,10 +85,10 @@ private:
     GtkEditable* findText_ = nullptr;
     std::unique_ptr<PageView> view_;
     std::string parent_;
-    Page page_;                                 ///< what is shown, or about to be
+    Page page_;                                     ///< what is shown, or about to be
     std::optional<ViewerSettings::Size> given_;     ///< by us, to tell what the user gives
     std::optional<ViewerSettings::Size> presented_; ///< when the window appeared; none once it has that size
-    bool isInContent_ = false;                  ///< arrow keys scroll
+    bool isInContent_ = false;                      ///< arrow keys scroll
     double zoom_ = 1;
 };
 

@@ -72,9 +72,25 @@ TEST(PreviewWriter, turnsElementsThatNoPolicyStopsIntoText) {
                   "src=b></p>");
 }
 
-TEST(PreviewWriter, leavesTheHeadAndOtherElementsAsTheyAre) {
-    const std::string html = "<meta name=\"a\"></head><body><main><b>x</b><br></main><p>1 < 2</p></body>";
+TEST(PreviewWriter, leavesOurHeadAndOtherElementsAsTheyAre) {
+    const std::string html =
+        "<meta name=\"color-scheme\" content=\"light dark\">\n<title>a</title></head><body><main>"
+        "<b>x</b><br></main><p>1 < 2</p></body>";
     EXPECT_EQ(pageOf(html), head + std::string(policy) + html);
+}
+
+TEST(PreviewWriter, turnsForeignElementsOfTheHeadIntoTextToo) {
+    EXPECT_EQ(pageOf("<title>a</title><meta http-equiv=refresh></head>"),
+              std::string(head) + policy + "<title>a</title>&lt;meta http-equiv=refresh></head>");
+}
+
+TEST(PreviewWriter, putsThePolicyBeforePagesOfOtherForms) {
+    for (const std::string html :
+         {"", "x", "<p>", "<!DOCTYPE html>\n<html>\n", "<!DOCTYPE html>\n<html>\n<head>\n<p>"}) {
+        PreviewReply reply(UniformType::withIdentifier("public.html").value(), {.width = 1, .height = 1},
+                           [&html](PreviewReply&) -> DataView { return html; });
+        EXPECT_EQ(selfContainedPage(reply), std::string(policy) + html);
+    }
 }
 
 TEST(PreviewWriter, writesAFolderThatOtherProgramsRead) {
