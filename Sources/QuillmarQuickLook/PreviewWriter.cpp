@@ -100,9 +100,8 @@ bool beginsWithoutCase(std::string_view text, std::string_view lowercase) {
 }
 
 bool beginsForeignElement(std::string_view name) {
-    for (const std::string_view element : foreignElements)
-        if (beginsWithoutCase(name, element)) return true;
-    return false;
+    return std::ranges::any_of(foreignElements,
+                               [name](std::string_view element) { return beginsWithoutCase(name, element); });
 }
 
 /// Hands on \p html, with the tags of such elements turned into text.

@@ -99,9 +99,8 @@ TEST_F(HostileWorkerTest, makesTheNextPreviewAfterAWorkerThatCrashed) {
 }
 
 TEST_F(HostileWorkerTest, takesNothingThatIsNotOfTheForm) {
-    for (const char* conduct :
-         {"says garbage", "says an empty message", "asks what there is not", "sends half a document",
-          "sends a document without its page"})
+    for (const char* conduct : {"says garbage", "says an empty message", "asks what there is not",
+                                "sends half a document", "sends a document without its page"})
         expectFailure(conduct);
 }
 

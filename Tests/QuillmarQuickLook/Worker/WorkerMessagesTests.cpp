@@ -284,8 +284,8 @@ TEST(WorkerMessages, takesNoNameTwice) {
 TEST(WorkerMessages, takesNothingForADocumentThatIsAnAnswerOrARequest) {
     EXPECT_FALSE(decodedForm(""));
     EXPECT_FALSE(decodedForm(piece("public.png") + piece("pixels")));
-    EXPECT_FALSE(decodedForm(
-        encoded(Request{.kind = Request::Kind::document, .maxBytes = 0, .text = encoded(page())})));
+    EXPECT_FALSE(
+        decodedForm(encoded(Request{.kind = Request::Kind::document, .maxBytes = 0, .text = encoded(page())})));
 }
 
 } // namespace
