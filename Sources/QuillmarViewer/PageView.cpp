@@ -108,8 +108,8 @@ struct PageView::Callbacks {
 
     static void loadChanged(WebKitWebView*, WebKitLoadEvent event, gpointer data) {
         auto* page = static_cast<PageView*>(data);
+        page->isDrawing_ = event == WEBKIT_LOAD_COMMITTED && !page->isBlank();
         if (event != WEBKIT_LOAD_FINISHED || std::exchange(page->isReplaced_, false)) return;
-        page->isLoading_ = false;
         if (page->onLoaded) page->onLoaded();
     }
 
@@ -120,7 +120,9 @@ struct PageView::Callbacks {
     }
 
     static void crashed(WebKitWebView*, WebKitWebProcessTerminationReason, gpointer data) {
-        const auto* page = static_cast<PageView*>(data);
+        auto* page = static_cast<PageView*>(data);
+        page->isDrawing_ = false;
+        page->isLost_ = true;
         if (page->onCrashed) page->onCrashed();
     }
 
@@ -165,12 +167,11 @@ PageView::PageView(Images images) : images_(images) {
 PageView::~PageView() {
     g_object_set_data(G_OBJECT(view_.get()), viewKey, nullptr);
     g_signal_handlers_disconnect_by_data(view_.get(), this);
-    if (isLoading_ && !isBlank()) webkit_web_view_terminate_web_process(view_.get()); // nobody waits for it
+    if (isDrawing_) webkit_web_view_terminate_web_process(view_.get()); // nobody waits for it
 }
 
 void PageView::load(std::string html) {
     html_ = std::move(html);
-    isLoading_ = true;
     webkit_web_view_load_uri(view_.get(), pageURI); // the same again, for no history is wanted
 }
 

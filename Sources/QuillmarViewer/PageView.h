@@ -25,12 +25,14 @@ public:
     /// Shows \p html; `onLoaded` is called when it can be seen. An empty page makes WebKit warm.
     void load(std::string html);
     bool isBlank() const { return html_.empty(); }
-    /// True until what was asked for last can be seen. Drawing it may take a hostile page forever.
-    bool isLoading() const { return isLoading_; }
+    /// True while a page is being drawn that cannot be seen yet. It may take a hostile page forever.
+    bool isDrawing() const { return isDrawing_; }
+    /// True when what drew it has ended: another view is wanted.
+    bool isLost() const { return isLost_; }
     Images images() const { return images_; }
 
     std::function<void()> onLoaded;
-    /// The process that draws has ended; `load` starts another.
+    /// The process that draws has ended.
     std::function<void()> onCrashed;
 
     void setZoom(double factor);
@@ -50,7 +52,8 @@ private:
     GObjectPointer<WebKitWebView> view_;
     Images images_;
     std::string html_;
-    bool isLoading_ = false;
+    bool isDrawing_ = false;
+    bool isLost_ = false;
     bool isReplaced_ = false; ///< the load that is about to end has made room for the next one
 };
 

@@ -150,8 +150,7 @@ void PreviewWindow::show(Page page, const std::string& title, PageView::Images i
     gtk_window_set_title(window_, title.c_str());
     setInContent(false);
     endFind();
-    const bool isHeldUp = view_->isLoading() && !view_->isBlank();
-    if (isHeldUp || images != view_->images()) renewView(images);
+    if (view_->isDrawing() || view_->isLost() || images != view_->images()) renewView(images);
     const bool offersImages = page_.namesRemoteImages && images == PageView::Images::ownOnly;
     gtk_widget_set_visible(imagesBar_, offersImages ? TRUE : FALSE);
     if (!isVisible() || !gtk_window_is_fullscreen(window_)) fit(page_.width, page_.height);

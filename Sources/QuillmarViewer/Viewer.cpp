@@ -34,6 +34,7 @@ struct Viewer::Callbacks {
     static gboolean busy(gpointer data) {
         auto* viewer = static_cast<Viewer*>(data);
         viewer->busyTimer_ = 0;
+        if (!viewer->window_) return G_SOURCE_REMOVE; // it cannot be opened, and the program is leaving
         viewer->window_->showBusy(viewer->item_.name);
         viewer->announce(true);
         return G_SOURCE_REMOVE;
@@ -181,6 +182,7 @@ void Viewer::located(const ItemLocation::Answer& answer) {
 
 void Viewer::made(Page page) {
     stopTimer(busyTimer_);
+    if (!window_) return;
     page_ = page;
     window_->show(std::move(page), item_.name, PageView::Images::ownOnly);
     announce(true);
