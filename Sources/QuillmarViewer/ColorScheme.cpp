@@ -15,9 +15,13 @@ constexpr const char* appearance = "org.freedesktop.appearance";
 constexpr const char* colorScheme = "color-scheme";
 constexpr const char* desktopSettings = "org.gnome.desktop.interface";
 
+/// GTK reads its whole theme again whenever it is told, so it is told changes only.
 void setDark(bool isDark) {
-    g_object_set(gtk_settings_get_default(), "gtk-application-prefer-dark-theme", isDark ? TRUE : FALSE,
-                 nullptr);
+    constexpr const char* property = "gtk-application-prefer-dark-theme";
+    GtkSettings* settings = gtk_settings_get_default();
+    gboolean before = FALSE;
+    g_object_get(settings, property, &before, nullptr);
+    if ((before != FALSE) != isDark) g_object_set(settings, property, isDark ? TRUE : FALSE, nullptr);
 }
 
 /// The portal's numbers: 0 no preference, 1 dark, 2 light. The value may be wrapped more than once.

@@ -1,5 +1,7 @@
 #include "QuillmarViewer/PageView.h"
 
+#include "QuillmarViewer/OtherProgram.h"
+
 #include <algorithm>
 #include <array>
 #include <libsoup/soup.h>
@@ -64,8 +66,7 @@ gboolean decidePolicy(WebKitWebView* view, WebKitPolicyDecision* decision, WebKi
     }
     webkit_policy_decision_ignore(decision);
     const bool isWanted = webkit_navigation_action_is_user_gesture(action) != FALSE;
-    if (isWanted && isForBrowser(uri))
-        g_app_info_launch_default_for_uri_async(uri.c_str(), nullptr, nullptr, nullptr, nullptr);
+    if (isWanted && isForBrowser(uri)) openInOtherProgram(uri);
     return TRUE;
 }
 
@@ -139,7 +140,10 @@ struct PageView::Callbacks {
 
     /// Keeps nothing, and for pages without remote images leads nowhere.
     static WebKitNetworkSession* session(Images images) {
-        static WebKitNetworkSession* const open = webkit_network_session_new_ephemeral();
+        if (images == Images::remote) {
+            static WebKitNetworkSession* const open = webkit_network_session_new_ephemeral();
+            return open;
+        }
         static WebKitNetworkSession* const closed = [] {
             WebKitNetworkSession* session = webkit_network_session_new_ephemeral();
             WebKitNetworkProxySettings* proxy = webkit_network_proxy_settings_new(nowhere, nullptr);
@@ -147,7 +151,7 @@ struct PageView::Callbacks {
             webkit_network_proxy_settings_free(proxy);
             return session;
         }();
-        return images == Images::remote ? open : closed;
+        return closed;
     }
 };
 

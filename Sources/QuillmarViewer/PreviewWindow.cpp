@@ -62,6 +62,9 @@ struct PreviewWindow::Callbacks {
 PreviewWindow::PreviewWindow(WindowWishes& wishes, ViewerSettings settings)
     : wishes_(wishes), settings_(std::move(settings)), window_(GTK_WINDOW(gtk_window_new())),
       zoom_(settings_.zoom()) {
+    overlay_ = GTK_OVERLAY(gtk_overlay_new());
+    gtk_widget_set_vexpand(GTK_WIDGET(overlay_), TRUE);
+    renewView(PageView::Images::ownOnly); // first, for the process that draws starts beside all else
     gtk_window_set_icon_name(window_, "app.quillmar.Viewer");
     g_signal_connect(window_, "close-request", G_CALLBACK(Callbacks::closeRequest), this);
     // Keys are ours before they are the page's, which keeps those that scroll.
@@ -85,8 +88,6 @@ PreviewWindow::PreviewWindow(WindowWishes& wishes, ViewerSettings settings)
     gtk_widget_set_visible(imagesBar_, FALSE);
     gtk_box_append(GTK_BOX(box), imagesBar_);
 
-    overlay_ = GTK_OVERLAY(gtk_overlay_new());
-    gtk_widget_set_vexpand(GTK_WIDGET(overlay_), TRUE);
     gtk_box_append(GTK_BOX(box), GTK_WIDGET(overlay_));
 
     busy_ = gtk_box_new(GTK_ORIENTATION_VERTICAL, margin);
@@ -120,8 +121,6 @@ PreviewWindow::PreviewWindow(WindowWishes& wishes, ViewerSettings settings)
                                    -1);
     gtk_search_bar_set_child(GTK_SEARCH_BAR(findBar_), findText);
     gtk_box_append(GTK_BOX(box), findBar_);
-
-    renewView(PageView::Images::ownOnly);
 }
 
 PreviewWindow::~PreviewWindow() {
@@ -145,21 +144,20 @@ void PreviewWindow::renewView(PageView::Images images) {
     view_->load({});
 }
 
-void PreviewWindow::show(Page page, const std::string& title, PageView::Images images) {
-    page_ = std::move(page);
+void PreviewWindow::show(const Page& page, const std::string& title, PageView::Images images) {
     gtk_window_set_title(window_, title.c_str());
     setInContent(false);
     endFind();
     if (view_->isDrawing() || view_->isLost() || images != view_->images()) renewView(images);
-    const bool offersImages = page_.namesRemoteImages && images == PageView::Images::ownOnly;
+    const bool offersImages = page.namesRemoteImages && images == PageView::Images::ownOnly;
     gtk_widget_set_visible(imagesBar_, offersImages ? TRUE : FALSE);
-    if (!isVisible() || !gtk_window_is_fullscreen(window_)) fit(page_.width, page_.height);
+    if (!isVisible() || !gtk_window_is_fullscreen(window_)) fit(page.width, page.height);
     view_->onLoaded = [this] {
         if (view_->isBlank()) return;
         setBusy(false);
         present();
     };
-    view_->load(page_.html);
+    view_->load(page.html);
 }
 
 void PreviewWindow::showBusy(const std::string& title) {
@@ -196,7 +194,6 @@ void PreviewWindow::hide() {
     setBusy(false);
     setInContent(false);
     endFind();
-    page_ = {};
     given_.reset();
     renewView(PageView::Images::ownOnly);
 }

@@ -41,7 +41,7 @@ public:
     PreviewWindow& operator=(const PreviewWindow&) = delete;
 
     /// Shows \p page; a hidden window appears when it can be seen, one that is shown changes where it is.
-    void show(Page page, const std::string& title, PageView::Images images);
+    void show(const Page& page, const std::string& title, PageView::Images images);
     /// Says that \p title is being made ready.
     void showBusy(const std::string& title);
     /// Hides the window and takes the page away, so that it is never seen in the place of another.
@@ -85,7 +85,6 @@ private:
     GtkEditable* findText_ = nullptr;
     std::unique_ptr<PageView> view_;
     std::string parent_;
-    Page page_;                                     ///< what is shown, or about to be
     std::optional<ViewerSettings::Size> given_;     ///< by us, to tell what the user gives
     std::optional<ViewerSettings::Size> presented_; ///< when the window appeared; none once it has that size
     bool isInContent_ = false;                      ///< arrow keys scroll

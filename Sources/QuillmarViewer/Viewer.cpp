@@ -1,7 +1,8 @@
 #include "QuillmarViewer/Viewer.h"
 
 #include "QuillmarViewer/GObjectPointer.h"
-#include "QuillmarViewer/Surroundings.h"
+#include "QuillmarViewer/OtherProgram.h"
+#include "QuillmarViewer/SandboxTrial.h"
 
 #include <cstdio>
 #include <string_view>
@@ -11,8 +12,6 @@ namespace {
 
 /// Milliseconds after which a window says that its page is being made.
 constexpr guint busyAfter = 200;
-/// Seconds without a preview after which the service leaves: it keeps memory that others may need.
-constexpr guint idleFor = 300;
 
 /// For tests: what the window shows, as a picture.
 constexpr const char* picturesPath = "/app/quillmar/Viewer";
@@ -94,7 +93,8 @@ int Viewer::showItems(std::vector<std::string> uris) {
     return status_;
 }
 
-int Viewer::serve(bool maySavePictures) {
+int Viewer::serve(const ServiceOptions& options) {
+    options_ = options;
     if (connection_ == nullptr) {
         report("there is no session bus on which file managers could ask for previews");
         return 1;
@@ -105,7 +105,7 @@ int Viewer::serve(bool maySavePictures) {
         report(error);
         return 1;
     }
-    if (maySavePictures) {
+    if (options.maySavePictures) {
         GDBusNodeInfo* info = g_dbus_node_info_new_for_xml(picturesInterface, nullptr);
         const GDBusInterfaceVTable calls{.method_call = Callbacks::savePicture,
                                          .get_property = nullptr,
@@ -123,17 +123,21 @@ int Viewer::serve(bool maySavePictures) {
 /// Starts what is heavy, when it is first needed. False, with a sentence on standard error, when it cannot.
 bool Viewer::ensureWindow() {
     if (window_) return true;
-    auto problem = whyNoPageCanBeShown();
-    if (!problem && gtk_init_check() == FALSE)
+    SandboxTrial sandbox;
+    std::optional<std::string> problem;
+    if (gtk_init_check() == FALSE) {
         problem = "there is no display to open a window on: use --html FILE";
+    } else {
+        problem = sandbox.problem();
+    }
     if (problem) {
         report(*problem);
         status_ = 1;
         g_main_loop_quit(loop_);
         return false;
     }
-    colors_.emplace(connection_);
     window_.emplace(static_cast<WindowWishes&>(*this), ViewerSettings(ViewerSettings::standardFile()));
+    colors_.emplace(connection_);
     return true;
 }
 
@@ -164,7 +168,8 @@ void Viewer::preview(const std::string& uri) {
     crashes_ = 0;
     page_ = {};
     item_ = {.uri = uri, .name = uri, .url = std::nullopt};
-    busyTimer_ = g_timeout_add(busyAfter, Callbacks::busy, this);
+    // A page that is there comes first, however long the program was busy starting.
+    busyTimer_ = g_timeout_add_full(G_PRIORITY_LOW, busyAfter, Callbacks::busy, this, nullptr);
     location_.find(uri, [this](const ItemLocation::Answer& answer) { located(answer); });
 }
 
@@ -183,8 +188,8 @@ void Viewer::located(const ItemLocation::Answer& answer) {
 void Viewer::made(Page page) {
     stopTimer(busyTimer_);
     if (!window_) return;
-    page_ = page;
-    window_->show(std::move(page), item_.name, PageView::Images::ownOnly);
+    page_ = std::move(page);
+    window_->show(page_, item_.name, PageView::Images::ownOnly);
     announce(true);
 }
 
@@ -209,8 +214,7 @@ void Viewer::moveSelection(Direction direction) {
 }
 
 void Viewer::openItem() {
-    if (!item_.uri.empty())
-        g_app_info_launch_default_for_uri_async(item_.uri.c_str(), nullptr, nullptr, nullptr, nullptr);
+    if (!item_.uri.empty()) openInOtherProgram(item_.uri);
     closeWindow();
 }
 
@@ -245,7 +249,7 @@ void Viewer::pageLost() {
 void Viewer::leaveWhenIdle() {
     stopTimer(idleTimer_);
     const bool isShown = window_ && window_->isVisible();
-    if (service_ && !isShown) idleTimer_ = g_timeout_add_seconds(idleFor, Callbacks::idle, this);
+    if (service_ && !isShown) idleTimer_ = g_timeout_add_seconds(options_.idleSeconds, Callbacks::idle, this);
 }
 
 } // namespace quillmar

@@ -13,6 +13,11 @@
 
 namespace quillmar {
 
+struct ServiceOptions {
+    guint idleSeconds = 300;      ///< without a preview, before it leaves: it keeps memory that others may need
+    bool maySavePictures = false; ///< of what the window shows, for tests
+};
+
 /// The program: shows the items of a command line, or those that file managers ask for.
 class Viewer final : private PreviewRequests, private WindowWishes {
 public:
@@ -23,7 +28,7 @@ public:
     /// Shows the items at \p uris one by one, until the window is closed. Returns the exit status.
     int showItems(std::vector<std::string> uris);
     /// Serves file managers on the session bus until nobody has asked for a while. Returns the exit status.
-    int serve(bool maySavePictures);
+    int serve(const ServiceOptions& options);
 
 private:
     struct Callbacks;
@@ -55,6 +60,7 @@ private:
     std::string command_;
     GMainLoop* loop_ = nullptr;
     GDBusConnection* connection_ = nullptr; ///< null without a session bus
+    ServiceOptions options_;
     std::optional<PreviewService> service_;
     std::optional<ColorScheme> colors_;
     std::optional<PreviewWindow> window_;

@@ -1,10 +1,12 @@
 #include "QuillmarQuickLook/InstalledProgram.h"
 #include "QuillmarViewer/GObjectPointer.h"
+#include "QuillmarViewer/LibrarySettings.h"
 #include "QuillmarViewer/Viewer.h"
 
+#include <charconv>
 #include <cstdio>
-#include <cstdlib>
 #include <malloc.h>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -12,13 +14,23 @@
 
 namespace {
 
-/// Pages are text: a graphics library of its own for them costs a third of a second at the start and 60 MB. The
-/// user's own choice stands.
-void drawSimply() {
-    for (const auto& [name, value] : {std::pair{"GSK_RENDERER", "cairo"}, std::pair{"GDK_DEBUG", "gl-disable"},
-                                      std::pair{"WEBKIT_DISABLE_DMABUF_RENDERER", "1"}})
-        ::setenv(name, value, 0);
-    ::mallopt(M_ARENA_MAX, 1); // threads come and go, what they have freed would stay
+/// Of what follows "--service"; none when it is not understood.
+std::optional<quillmar::ServiceOptions> serviceOptions(const std::vector<std::string>& arguments) {
+    constexpr std::string_view idle = "--idle-seconds=";
+    quillmar::ServiceOptions options;
+    for (std::size_t i = 1; i < arguments.size(); ++i) {
+        const std::string_view argument = arguments[i];
+        if (argument == "--save-pictures") {
+            options.maySavePictures = true;
+        } else if (argument.starts_with(idle)) {
+            const char* end = argument.data() + argument.size();
+            const auto [read, error] = std::from_chars(argument.data() + idle.size(), end, options.idleSeconds);
+            if (error != std::errc() || read != end) return std::nullopt;
+        } else {
+            return std::nullopt;
+        }
+    }
+    return options;
 }
 
 } // namespace
@@ -27,7 +39,8 @@ void drawSimply() {
 /// for it is the command that starts this program.
 int main(int argc, char** argv) {
     using namespace quillmar;
-    drawSimply();
+    LibrarySettings::apply();
+    ::mallopt(M_ARENA_MAX, 1); // threads come and go, what they have freed would stay
     const std::vector<std::string> arguments(argv + 1, argv + argc);
     std::string command = installedProgram("QuillmarQuickLook");
     if (command.empty()) {
@@ -35,10 +48,11 @@ int main(int argc, char** argv) {
         return 1;
     }
     Viewer viewer(std::move(command));
-    const bool isService = !arguments.empty() && arguments.front() == "--service";
-    if (isService) {
-        const bool maySavePictures = arguments.size() > 1 && arguments[1] == "--save-pictures";
-        return viewer.serve(maySavePictures);
+    if (!arguments.empty() && arguments.front() == "--service") {
+        const auto options = serviceOptions(arguments);
+        if (options) return viewer.serve(*options);
+        std::fputs("quillmar: use --service [--idle-seconds=SECONDS]\n", stderr);
+        return 2;
     }
     std::vector<std::string> uris;
     for (const std::string& path : arguments) {

@@ -111,6 +111,34 @@ TEST_F(CommandLineDrive, aServiceWithoutABusSaysSo) {
     EXPECT_NE(desktop().output(service).find("bus"), std::string::npos) << desktop().output(service);
 }
 
+TEST_F(CommandLineDrive, aServiceLeavesNothingBehindWhenNobodyAsksAnyMore) {
+    const pid_t service = desktop().start({program("QuillmarViewer"), "--service", "--idle-seconds=1"});
+    const std::string uri = "file://" + path("asked.txt");
+    showWhenReady(uri);
+    ASSERT_TRUE(windowAppears("asked.txt"));
+    pressIn("asked.txt", "Escape");
+    EXPECT_EQ(desktop().exitStatus(service), 0);
+    EXPECT_TRUE(Desktop::waitUntil([] { return desktop().processesNamed("WebKitWebProcess").empty(); }));
+    EXPECT_TRUE(Desktop::waitUntil([] { return desktop().processesNamed("WebKitNetworkProcess").empty(); }));
+}
+
+TEST_F(CommandLineDrive, aServiceStaysWhileItsWindowIsOpen) {
+    const pid_t service = desktop().start({program("QuillmarViewer"), "--service", "--idle-seconds=1"});
+    showWhenReady("file://" + path("asked.txt"));
+    ASSERT_TRUE(windowAppears("asked.txt"));
+    constexpr std::chrono::seconds longerThanIdle{2};
+    EXPECT_FALSE(Desktop::waitUntil([&] { return desktop().status(service).has_value(); }, longerThanIdle));
+    desktop().end(service);
+}
+
+TEST_F(CommandLineDrive, serviceOptionsThatAreNotUnderstoodAreSaid) {
+    for (const char* option : {"--idle-seconds=", "--idle-seconds=-1", "--idle-seconds=1x", "--other"}) {
+        const pid_t service = desktop().start({program("QuillmarViewer"), "--service", option});
+        EXPECT_EQ(desktop().exitStatus(service), 2) << option;
+        EXPECT_NE(desktop().output(service).find("--idle-seconds"), std::string::npos) << option;
+    }
+}
+
 TEST_F(CommandLineDrive, aSecondServiceLeavesToTheFirst) {
     const pid_t first = desktop().start({program("QuillmarViewer"), "--service"});
     ASSERT_TRUE(Desktop::waitUntil([] { return desktop().bus().hasOwner("org.gnome.NautilusPreviewer"); }));

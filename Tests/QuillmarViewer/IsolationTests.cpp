@@ -114,30 +114,5 @@ TEST_F(Isolation, whatTheUserAllowsForOnePageHoldsForThatPageAlone) {
     EXPECT_FALSE(other.wasVisited());
 }
 
-TEST_F(Isolation, aLinkOpensInTheBrowserAndNotInTheWindow) {
-    Listener listener;
-    const auto& folder = desktop().folder();
-    const std::string note = folder.url("visited").path();
-    const std::string browser =
-        folder
-            .write("browser", "#!/bin/sh\nprintf %s \"$1\" > \"" + note + ".part\"\nmv \"" + note +
-                                  ".part\" \"" + note + "\"\n")
-            .path();
-    std::filesystem::permissions(browser, std::filesystem::perms::owner_all);
-    folder.makeFolder("data/applications");
-    folder.write("data/applications/browser.desktop", "[Desktop Entry]\nType=Application\nName=Browser\nExec=" +
-                                                          browser + " %u\nMimeType=x-scheme-handler/http;\n");
-    folder.write("data/applications/mimeapps.list",
-                 "[Default Applications]\nx-scheme-handler/http=browser.desktop\n");
-    const std::string target = listener.url("read#here");
-    show(pageOf({}, "<a href=\"" + target + "\" style=\"position:fixed;inset:0\">link</a>"));
-    ASSERT_TRUE(pageBecomes(green));
-    const auto place = screen().place(screen().window(name).value_or(0));
-    desktop().click(place.x + place.width / 2, place.y + place.height / 2);
-    EXPECT_TRUE(Desktop::waitUntil([&] { return contentsOf(note) == target; }));
-    EXPECT_FALSE(listener.wasVisited());
-    EXPECT_TRUE(pageBecomes(green));
-}
-
 } // namespace
 } // namespace quillmar

@@ -141,6 +141,18 @@ void Screen::destroyWindow(Window window) const {
     XSync(connection_->display, 0);
 }
 
+bool Screen::hasWindowManager() const {
+    Atom type = 0;
+    int format = 0;
+    unsigned long count = 0;
+    unsigned long rest = 0;
+    unsigned char* bytes = nullptr;
+    XGetWindowProperty(connection_->display, connection_->root, connection_->atom("_NET_SUPPORTING_WM_CHECK"),
+                       0, 1, 0, XA_WINDOW, &type, &format, &count, &rest, &bytes);
+    if (bytes != nullptr) XFree(bytes);
+    return count == 1;
+}
+
 void Screen::focus(Window window) const {
     XRaiseWindow(connection_->display, window);
     XSetInputFocus(connection_->display, window, RevertToPointerRoot, CurrentTime);

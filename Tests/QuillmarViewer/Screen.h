@@ -28,6 +28,9 @@ public:
     Window makeWindow(const std::string& title) const;
     void destroyWindow(Window window) const;
 
+    /// Of those that frame windows and give them the focus.
+    bool hasWindowManager() const;
+
     void focus(Window window) const;
     bool hasFocus(Window window) const;
     /// The window that \p window belongs to; 0 when there is none.

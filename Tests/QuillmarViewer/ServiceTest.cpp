@@ -2,6 +2,8 @@
 
 #include "Tests/QuillmarViewer/StagedWorker.h"
 
+#include <utility>
+
 namespace quillmar {
 namespace {
 
@@ -12,26 +14,39 @@ constexpr const char* interface = "org.gnome.NautilusPreviewer2";
 
 std::unique_ptr<Desktop> ServiceTest::desktop_;
 std::string ServiceTest::binFolder_;
+Desktop::Environment ServiceTest::environment_;
+Desktop::Arguments ServiceTest::serviceOptions_;
 pid_t ServiceTest::service_ = -1;
 
 void ServiceTest::SetUpTestSuite() { makeDesktop(QUILLMAR_BIN_FOLDER); }
 
 void StagedServiceTest::SetUpTestSuite() { makeDesktop({}); }
 
-void ServiceTest::TearDownTestSuite() { desktop_.reset(); }
+void ServiceTest::TearDownTestSuite() {
+    desktop_.reset();
+    startServicesWith({});
+}
 
-void ServiceTest::makeDesktop(const std::string& binFolder) {
+void ServiceTest::makeDesktop(const std::string& binFolder, const std::function<void(Desktop&)>& prepare) {
     desktop_ = std::make_unique<Desktop>();
     binFolder_ = binFolder;
     if (binFolder_.empty()) {
         binFolder_ = desktop_->folder().makeFolder("programs").path();
         StagedWorker::makePrograms(binFolder_);
     }
+    prepare(*desktop_);
     startService();
 }
 
+void ServiceTest::startServicesWith(Desktop::Environment changes, Desktop::Arguments options) {
+    environment_ = std::move(changes);
+    serviceOptions_ = std::move(options);
+}
+
 void ServiceTest::startService() {
-    service_ = desktop_->start({binFolder_ + "/QuillmarViewer", "--service", "--save-pictures"});
+    Desktop::Arguments arguments{binFolder_ + "/QuillmarViewer", "--service", "--save-pictures"};
+    arguments.insert(arguments.end(), serviceOptions_.begin(), serviceOptions_.end());
+    service_ = desktop_->start(arguments, environment_);
     Desktop::waitUntil([] { return bus().hasOwner(busName); });
 }
 

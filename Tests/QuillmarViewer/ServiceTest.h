@@ -2,6 +2,7 @@
 
 #include "Tests/QuillmarViewer/Desktop.h"
 
+#include <functional>
 #include <gtest/gtest.h>
 #include <memory>
 #include <optional>
@@ -18,12 +19,17 @@ protected:
     void TearDown() override;
 
     /// A desktop whose programs are those of \p binFolder, or the staged ones (see StagedWorker) for none.
-    static void makeDesktop(const std::string& binFolder);
+    /// \p prepare may add to the desktop before the service starts.
+    static void makeDesktop(
+        const std::string& binFolder, const std::function<void(Desktop&)>& prepare = [](Desktop&) {});
     static Desktop& desktop() { return *desktop_; }
     static Screen& screen() { return desktop_->screen(); }
     static DesktopBus& bus() { return desktop_->bus(); }
 
     static void startService();
+    /// Changes to the desktop's environment and options, for the services of this suite that are started from
+    /// now on.
+    static void startServicesWith(Desktop::Environment changes, Desktop::Arguments options = {});
     static bool serviceIsAlive();
     static pid_t service() { return service_; }
 
@@ -57,6 +63,8 @@ protected:
 private:
     static std::unique_ptr<Desktop> desktop_;
     static std::string binFolder_;
+    static Desktop::Environment environment_;
+    static Desktop::Arguments serviceOptions_;
     static pid_t service_;
 };
 

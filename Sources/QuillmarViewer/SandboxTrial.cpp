@@ -1,4 +1,4 @@
-#include "QuillmarViewer/Surroundings.h"
+#include "QuillmarViewer/SandboxTrial.h"
 
 #include <array>
 #include <cerrno>
@@ -20,32 +20,39 @@ bool isSet(const char* name) {
     return value != nullptr && std::string_view(value) == "1";
 }
 
-/// Runs what WebKit will run: a program in namespaces of its own.
-std::optional<int> statusOfSandbox() {
+} // namespace
+
+SandboxTrial::SandboxTrial() {
+    if (isSet(withoutSandbox)) return;
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
     posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
+    // A program in namespaces of its own, as WebKit's will be.
     const std::array<const char*, 7> arguments{"bwrap",         "--ro-bind", "/",    "/",
                                                "--unshare-all", "true",      nullptr};
-    pid_t process = -1;
     const int error =
-        ::posix_spawnp(&process, "bwrap", &actions, nullptr, const_cast<char* const*>(arguments.data()),
+        ::posix_spawnp(&process_, "bwrap", &actions, nullptr, const_cast<char* const*>(arguments.data()),
                        environ); // not written to
     posix_spawn_file_actions_destroy(&actions);
-    if (error != 0) return std::nullopt;
+    if (error != 0) process_ = -1;
+}
+
+SandboxTrial::~SandboxTrial() { static_cast<void>(status()); }
+
+std::optional<int> SandboxTrial::status() {
+    if (process_ < 0) return std::nullopt;
     int status = 0;
-    while (::waitpid(process, &status, 0) < 0 && errno == EINTR) {
+    while (::waitpid(process_, &status, 0) < 0 && errno == EINTR) {
     }
+    process_ = -1;
     return status;
 }
 
-} // namespace
-
-std::optional<std::string> whyNoPageCanBeShown() {
+std::optional<std::string> SandboxTrial::problem() {
     if (isSet(withoutSandbox)) return std::nullopt;
-    const auto status = statusOfSandbox();
-    if (!status) return "WebKit's sandbox is missing: install the package bubblewrap, or use --html FILE";
-    if (*status == 0) return std::nullopt;
+    const auto result = status();
+    if (!result) return "WebKit's sandbox is missing: install the package bubblewrap, or use --html FILE";
+    if (*result == 0) return std::nullopt;
     return "WebKit's sandbox cannot be made here, because this system allows no namespaces: use --html FILE "
            "(in a container, allow user namespaces)";
 }
