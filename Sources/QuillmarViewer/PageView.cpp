@@ -159,7 +159,8 @@ PageView::PageView(Images images) : images_(images) {
     const auto webSettings = settings();
     view_.reset(WEBKIT_WEB_VIEW(g_object_ref_sink(
         g_object_new(WEBKIT_TYPE_WEB_VIEW, "web-context", Callbacks::context(), "network-session",
-                     Callbacks::session(images), "settings", webSettings.get(), nullptr))));
+                     Callbacks::session(images), "settings", webSettings.get(), "accessible-role",
+                     GTK_ACCESSIBLE_ROLE_DOCUMENT, nullptr))));
     g_object_set_data(G_OBJECT(view_.get()), viewKey, this);
     g_signal_connect(view_.get(), "decide-policy", G_CALLBACK(decidePolicy), nullptr);
     g_signal_connect(view_.get(), "context-menu", G_CALLBACK(trimContextMenu), nullptr);
@@ -177,6 +178,11 @@ PageView::~PageView() {
 void PageView::load(std::string html) {
     html_ = std::move(html);
     webkit_web_view_load_uri(view_.get(), pageURI); // the same again, for no history is wanted
+}
+
+void PageView::describe(const std::string& title, const std::string& text) {
+    gtk_accessible_update_property(GTK_ACCESSIBLE(view_.get()), GTK_ACCESSIBLE_PROPERTY_LABEL, title.c_str(),
+                                   GTK_ACCESSIBLE_PROPERTY_DESCRIPTION, text.c_str(), -1);
 }
 
 void PageView::setZoom(double factor) { webkit_web_view_set_zoom_level(view_.get(), factor); }

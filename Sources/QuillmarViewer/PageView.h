@@ -35,6 +35,8 @@ public:
     /// The process that draws has ended.
     std::function<void()> onCrashed;
 
+    /// Tells a screen reader what the page is called and how it begins.
+    void describe(const std::string& title, const std::string& text);
     void setZoom(double factor);
     void copySelection();
 

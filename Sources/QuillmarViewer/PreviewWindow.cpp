@@ -1,6 +1,7 @@
 #include "QuillmarViewer/PreviewWindow.h"
 
 #include "QuillmarViewer/ParentWindow.h"
+#include "QuillmarViewer/SpokenText.h"
 
 #include <algorithm>
 #include <cmath>
@@ -157,6 +158,7 @@ void PreviewWindow::show(const Page& page, const std::string& title, PageView::I
         setBusy(false);
         present();
     };
+    view_->describe(title, spokenText(page.html));
     view_->load(page.html);
 }
 

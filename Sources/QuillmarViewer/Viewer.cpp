@@ -125,6 +125,7 @@ bool Viewer::ensureWindow() {
     if (window_) return true;
     SandboxTrial sandbox;
     std::optional<std::string> problem;
+    g_set_application_name("Quillmar");
     if (gtk_init_check() == FALSE) {
         problem = "there is no display to open a window on: use --html FILE";
     } else {
