@@ -10,6 +10,7 @@
 #include <array>
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <new>
 #include <sys/stat.h>
 
 namespace quillmar {
@@ -409,6 +410,29 @@ TEST_F(QuickPreviewTest, givesAFailureTheIconOfAnyData) {
     EXPECT_EQ(icons.askedTypes, std::vector<std::string>{"public.data"});
     EXPECT_EQ(document.attachments.size(), 1U);
     EXPECT_TRUE(QuickPreview::failure(folder.url("gone"), "It is gone.", nullptr).attachments.empty());
+}
+
+/// A host whose memory is all gone.
+class ImagesWithoutMemory : public ImageFiles {
+public:
+    std::optional<Image> image(const FileURL& /*url*/, std::int64_t /*maxBytes*/) override {
+        throw std::bad_alloc();
+    }
+};
+
+TEST_F(QuickPreviewTest, saysThatMemoryIsGone) {
+    ImagesWithoutMemory images;
+    const auto document = QuickPreview::document(folder.write("a.md", "![](b.png)"), nullptr, &images);
+    EXPECT_EQ(messageOf(document.html),
+              "Quillmar couldn&#39;t read this item. There is not enough memory to preview it.");
+    expectSize(document, 520, 380);
+}
+
+TEST_F(QuickPreviewTest, expectsImagesInMarkdownOnly) {
+    EXPECT_TRUE(QuickPreview::mayNameImages(folder.write("a.md", "")));
+    EXPECT_TRUE(QuickPreview::mayNameImages(folder.url("gone.mdx")));
+    EXPECT_FALSE(QuickPreview::mayNameImages(folder.write("a.txt", "")));
+    EXPECT_FALSE(QuickPreview::mayNameImages(folder.url("gone.txt")));
 }
 
 } // namespace
