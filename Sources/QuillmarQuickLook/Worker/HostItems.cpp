@@ -3,15 +3,20 @@
 #include "Platform/ResourceValues.h"
 #include "QuillmarQuickLook/Worker/WorkerMessages.h"
 
+#include <cstdlib>
+
 namespace quillmar {
 namespace {
 
 using WorkerMessages::Request;
 
+/// Ends the worker when the host cannot be understood any more: what comes next could belong to another
+/// question, and a page without its worker is a message, not one with wrong pictures.
 std::optional<ImageFiles::Image> ask(const MessageSocket& host, const Request& request) {
-    if (!host.send(WorkerMessages::encoded(request))) return std::nullopt;
+    if (!host.send(WorkerMessages::encoded(request))) std::_Exit(EXIT_FAILURE);
     const auto answer = host.receive(WorkerMessages::maxMessageBytes);
-    return answer ? WorkerMessages::decodedAnswer(*answer) : std::nullopt;
+    if (!answer) std::_Exit(EXIT_FAILURE);
+    return WorkerMessages::decodedAnswer(*answer);
 }
 
 std::optional<Data> askForIcon(const MessageSocket& host, Request::Kind kind, std::string_view text) {
