@@ -27,11 +27,11 @@ int openRegular(const FileURL& url, struct stat& status) {
     requireRegular(url, status);
     const int descriptor = ::open(url.path().c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
     if (descriptor < 0) throw FileError::system(url, errno);
-    if (::fstat(descriptor, &status) != 0 || !S_ISREG(status.st_mode)) {
-        ::close(descriptor);
-        throw FileError::notRegular(url, status.st_mode);
-    }
-    return descriptor;
+    const int error = ::fstat(descriptor, &status) == 0 ? 0 : errno;
+    if (error == 0 && S_ISREG(status.st_mode)) return descriptor;
+    ::close(descriptor);
+    if (error != 0) throw FileError::system(url, error);
+    throw FileError::notRegular(url, status.st_mode);
 }
 
 } // namespace
