@@ -10,6 +10,7 @@
 #include <filesystem>
 #include <nlohmann/json.hpp>
 #include <system_error>
+#include <utility>
 
 namespace quillmar::PreviewWriter {
 namespace {
@@ -27,7 +28,7 @@ public:
         if (file_ == nullptr) failWriting(path_, errno);
     }
     ~OutputFile() {
-        if (file_ != stdout) std::fclose(file_);
+        if (file_ != nullptr && file_ != stdout) std::fclose(file_);
     }
     OutputFile(const OutputFile&) = delete;
     OutputFile& operator=(const OutputFile&) = delete;
@@ -35,9 +36,11 @@ public:
     void write(DataView data) {
         if (std::fwrite(data.data(), 1, data.size(), file_) != data.size()) failWriting(path_, errno);
     }
-    /// Reports what writing did not: a disk may turn out to be full only now.
+    /// Reports what writing did not: a disk may turn out to be full only now, one across a network even later.
     void finish() {
         if (std::fflush(file_) != 0) failWriting(path_, errno);
+        if (file_ == stdout) return;
+        if (std::fclose(std::exchange(file_, nullptr)) != 0) failWriting(path_, errno);
     }
 
 private:
