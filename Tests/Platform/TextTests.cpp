@@ -1,6 +1,11 @@
 #include "Platform/Text.h"
 
+#include <array>
 #include <gtest/gtest.h>
+#include <random>
+#include <string>
+#include <string_view>
+#include <unicode/normalizer2.h>
 
 namespace quillmar {
 namespace {
@@ -43,6 +48,30 @@ TEST(CanonicalForm, isTheSameForEquivalentTexts) {
     EXPECT_EQ(canonicalForm("\u212B"), "\u00C5"); // the ångström sign
     EXPECT_NE(canonicalForm("e"), canonicalForm("\u00E9"));
     EXPECT_NE(canonicalForm("\uFB01"), canonicalForm("fi")); // compatible, not equivalent
+}
+
+/// By ICU alone.
+std::string normalized(const std::string& text) {
+    UErrorCode status = U_ZERO_ERROR;
+    std::string result;
+    icu::Normalizer2::getNFCInstance(status)
+        ->normalize(icu::UnicodeString::fromUTF8(text), status)
+        .toUTF8String(result);
+    return result;
+}
+
+TEST(CanonicalForm, ofManyMarksIsThatOfFew) {
+    // Marks of several classes, some that decompose into others, letters that compose with them, Hangul.
+    constexpr std::array<std::string_view, 14> characters{"\u0301", "\u0323", "\u0334", "\u0344",    "\u0F71",
+                                                          "\u0F72", "\u0F73", "\u0F81", "e",         "\u00E9",
+                                                          "\u1EC7", "\u1100", "\u1161", "\U0001D15E"};
+    std::mt19937 random(1);
+    for (int i = 0; i < 2'000; ++i) {
+        const std::size_t choices = i % 2 == 0 ? characters.size() : 8; // marks only
+        std::string text;
+        while (text.size() < 130 + random() % 800) text.append(characters.at(random() % choices));
+        ASSERT_EQ(canonicalForm(text), normalized(text)) << text;
+    }
 }
 
 TEST(CanonicalForm, ofALongTextIsTheTextItself) {

@@ -2,10 +2,14 @@
 
 #include "Platform/UTF8.h"
 
+#include <algorithm>
+#include <cstdint>
 #include <unicode/bytestream.h>
 #include <unicode/casemap.h>
 #include <unicode/normalizer2.h>
+#include <unicode/uchar.h>
 #include <utility>
+#include <vector>
 
 namespace quillmar {
 namespace {
@@ -26,6 +30,32 @@ std::string repaired(std::string_view text, std::size_t start) {
         start += valid;
     }
     return result;
+}
+
+/// \p text decomposed, its combining marks in canonical order (The Unicode Standard, 3.11).
+icu::UnicodeString decomposedText(const icu::Normalizer2& normalizer, std::string_view text) {
+    std::vector<UChar32> characters;
+    const auto append = [&](const icu::UnicodeString& some) {
+        for (std::int32_t i = 0; i < some.length(); i = some.moveIndex32(i, 1))
+            characters.push_back(some.char32At(i));
+    };
+    const icu::UnicodeString whole = icu::UnicodeString::fromUTF8(text);
+    icu::UnicodeString decomposition;
+    for (std::int32_t i = 0; i < whole.length(); i = whole.moveIndex32(i, 1)) {
+        const UChar32 character = whole.char32At(i);
+        if (normalizer.getDecomposition(character, decomposition))
+            append(decomposition);
+        else
+            characters.push_back(character);
+    }
+
+    const auto isStarter = [](UChar32 character) { return u_getCombiningClass(character) == 0; };
+    for (auto marks = characters.begin(); marks != characters.end();) {
+        const auto end = std::find_if(marks, characters.end(), isStarter);
+        std::ranges::stable_sort(marks, end, {}, u_getCombiningClass);
+        marks = std::find_if_not(end, characters.end(), isStarter);
+    }
+    return icu::UnicodeString::fromUTF32(characters.data(), static_cast<std::int32_t>(characters.size()));
 }
 
 } // namespace
@@ -62,6 +92,12 @@ std::string canonicalForm(std::string text) {
     if (U_FAILURE(status)) return text;
     std::string normalized;
     normalized.reserve(text.size());
+    // ICU puts one mark after the other in its place, which takes the square of their number.
+    constexpr std::size_t fewMarks = 128; // bytes
+    if (text.size() > fewMarks) {
+        nfc->normalize(decomposedText(*nfc, text), status).toUTF8String(normalized);
+        return U_SUCCESS(status) ? normalized : text;
+    }
     icu::StringByteSink<std::string> sink(&normalized);
     nfc->normalizeUTF8(0, text, sink, nullptr, status);
     return U_SUCCESS(status) ? normalized : text;
