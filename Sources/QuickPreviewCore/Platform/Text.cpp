@@ -49,12 +49,17 @@ icu::UnicodeString decomposedText(const icu::Normalizer2& normalizer, std::strin
             characters.push_back(character);
     }
 
-    const auto isStarter = [](UChar32 character) { return u_getCombiningClass(character) == 0; };
-    for (auto marks = characters.begin(); marks != characters.end();) {
-        const auto end = std::find_if(marks, characters.end(), isStarter);
-        std::ranges::stable_sort(marks, end, {}, u_getCombiningClass);
-        marks = std::find_if_not(end, characters.end(), isStarter);
+    // Looked up once for each: sorting asks again and again.
+    std::vector<std::pair<std::uint8_t, UChar32>> classed;
+    classed.reserve(characters.size());
+    for (const UChar32 character : characters) classed.emplace_back(u_getCombiningClass(character), character);
+    const auto isStarter = [](const auto& one) { return one.first == 0; };
+    for (auto marks = classed.begin(); marks != classed.end();) {
+        const auto end = std::find_if(marks, classed.end(), isStarter);
+        std::stable_sort(marks, end, [](const auto& a, const auto& b) { return a.first < b.first; });
+        marks = std::find_if_not(end, classed.end(), isStarter);
     }
+    std::ranges::transform(classed, characters.begin(), [](const auto& one) { return one.second; });
     return icu::UnicodeString::fromUTF32(characters.data(), static_cast<std::int32_t>(characters.size()));
 }
 
