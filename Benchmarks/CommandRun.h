@@ -1,25 +1,23 @@
 #pragma once
 
-#include <benchmark/benchmark.h>
-#include <functional>
 #include <string>
 #include <vector>
 
 /// Whole commands, from exec to exit.
 namespace quillmar::CommandRun {
 
+/// Begins with a program that is found by PATH.
 using Command = std::vector<std::string>;
 
-/// Runs \p command once for every iteration of \p state, its output thrown away. Times each run by the wall
-/// clock and reports the largest peak memory as "peakMB". \p command begins with a program found by PATH.
-void measure(benchmark::State& state, const Command& command);
+/// Seconds by the wall clock that \p command takes, its output thrown away. Throws std::runtime_error when it
+/// cannot be run or fails.
+double seconds(const Command& command);
 
-/// Registers a benchmark of the host's preview of \p sample, which \p path makes if it is not yet there, and
-/// one of each of \p rivals with the same path behind its words.
-void compare(const std::string& sample, const std::function<std::string(const std::string&)>& path,
-             const std::vector<Command>& rivals);
+/// The peak of the host's resident memory, of the larger of its two processes, when it makes the page of \p
+/// path.
+double hostPeakMegabytes(const std::string& path);
 
-/// The host that was built beside the benchmarks.
-std::string host();
+/// The host that was built beside the benchmarks, as it makes the page of \p path without icons.
+Command host(const std::string& path);
 
 } // namespace quillmar::CommandRun

@@ -3,7 +3,7 @@
 #include <array>
 #include <filesystem>
 #include <fstream>
-#include <stdexcept>
+#include <functional>
 #include <string_view>
 
 namespace quillmar::FolderSamples {
@@ -23,8 +23,8 @@ void makeFiles(const Path& folder, int count) {
     }
 }
 
-void makeWide(const Path& folder) {
-    for (int i = 0; i < 100; ++i) makeFiles(folder / ("folder-" + std::to_string(i)), 1'000);
+void makeWide(const Path& folder, int folders) {
+    for (int i = 0; i < folders; ++i) makeFiles(folder / ("folder-" + std::to_string(i)), 1'000);
 }
 
 void makeNested(const Path& folder, int levels) {
@@ -35,39 +35,33 @@ void makeNested(const Path& folder, int levels) {
 
 void makeDeep(const Path& folder) { makeNested(folder / "one", 8); }
 
-void makeFlat(const Path& folder) { makeFiles(folder, 100'000); }
-
 void makeMillion(const Path& folder) {
     for (int i = 0; i < 1'000; ++i)
         makeFiles(folder / std::to_string(i / 40) / ("folder-" + std::to_string(i)), 1'000);
 }
 
-struct Recipe {
-    std::string_view name;
-    void (*make)(const Path&);
-};
-
-constexpr std::array recipes{
-    Recipe{"wide", makeWide},
-    Recipe{"deep", makeDeep},
-    Recipe{"flat", makeFlat},
-    Recipe{"million", makeMillion},
-};
+std::string madeOnce(const std::string& name, const std::function<void(const Path&)>& make) {
+    const Path path = std::filesystem::temp_directory_path() / "quillmar-benchmarks" / name;
+    if (std::filesystem::exists(path)) return path.string();
+    const Path unfinished = path.string() + ".unfinished"; // a run that is cut short leaves no half folder
+    std::filesystem::remove_all(unfinished);
+    make(unfinished);
+    std::filesystem::rename(unfinished, path);
+    return path.string();
+}
 
 } // namespace
 
-std::string folder(const std::string& name) {
-    const Path path = std::filesystem::temp_directory_path() / "quillmar-benchmarks" / name;
-    if (std::filesystem::exists(path)) return path.string();
-    for (const Recipe& recipe : recipes) {
-        if (recipe.name != name) continue;
-        const Path unfinished = path.string() + ".unfinished"; // a run that is cut short leaves no half folder
-        std::filesystem::remove_all(unfinished);
-        recipe.make(unfinished);
-        std::filesystem::rename(unfinished, path);
-        return path.string();
-    }
-    throw std::logic_error("no folder " + name);
+std::string wide(int folders) {
+    return madeOnce("wide-" + std::to_string(folders), [=](const Path& path) { makeWide(path, folders); });
 }
+
+std::string flat(int files) {
+    return madeOnce("flat-" + std::to_string(files), [=](const Path& path) { makeFiles(path, files); });
+}
+
+std::string deep() { return madeOnce("deep", makeDeep); }
+
+std::string million() { return madeOnce("million", makeMillion); }
 
 } // namespace quillmar::FolderSamples

@@ -2,12 +2,19 @@
 
 #include <string>
 
-/// Folders for benchmarks.
+/// Folders for benchmarks. Each returns the path of one that the first call makes.
 namespace quillmar::FolderSamples {
 
-/// The path of a folder, made by the first call that asks for it: "wide" holds 100 folders of 1,000 files,
-/// "deep" one folder in which 11,000 nest with 7 files each, "flat" 100,000 files, "million" 1,000 folders of
-/// 1,000 files, 40 in one.
-std::string folder(const std::string& name);
+/// \p folders of 1,000 files each.
+std::string wide(int folders);
+
+/// \p files and nothing else.
+std::string flat(int files);
+
+/// One folder in which 9,841 nest with 7 files each.
+std::string deep();
+
+/// 1,000 folders of 1,000 files, 40 in one.
+std::string million();
 
 } // namespace quillmar::FolderSamples

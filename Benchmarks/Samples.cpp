@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <stdexcept>
 
 namespace quillmar::Samples {
 namespace {
@@ -81,6 +82,13 @@ void makeLargeFiles(const std::filesystem::path& root) {
         write(root / ("harvest-" + std::to_string(i) + ".log"), prose(100'000'000, i));
 }
 
+/// 600 folders of 100 small files.
+void makeManyFiles(const std::filesystem::path& root) {
+    for (std::size_t i = 0; i < 60'000; ++i)
+        write(root / ("bed-" + std::to_string(i / 100)) / ("plant-" + std::to_string(i) + ".txt"),
+              prose(100, i));
+}
+
 struct Recipe {
     const char* archive;
     void (*makeFiles)(const std::filesystem::path& root);
@@ -96,7 +104,33 @@ constexpr std::array recipes{
            "tar -cf - tree/bed-? tree/bed-1? | xz -1 -T2 --block-size=2MiB > tree-blocks.tar.xz"},
     Recipe{"tree-one-block.tar.xz", makeTree, "tree",
            "tar -cf - tree/bed-? tree/bed-1? | xz -1 -T1 > tree-one-block.tar.xz"},
+    Recipe{"many.zip", makeManyFiles, "many", "zip -q -r many.zip many"},
     Recipe{"large.tar.gz", makeLargeFiles, "large", "tar -czf large.tar.gz large"},
+};
+
+/// The path of \p archive, which \p command makes of \p source in the benchmarks' folder if it is not yet
+/// there.
+std::string madeOnce(const std::string& archive, const char* source,
+                     void (*makeFiles)(const std::filesystem::path& root), const std::string& command) {
+    const auto path = folder() / archive;
+    if (std::filesystem::exists(path)) return path.string();
+    if (!std::filesystem::exists(folder() / source)) makeFiles(folder() / source);
+    const std::string whole = "cd '" + folder().string() + "' && " + command;
+    if (std::system(whole.c_str()) != 0) std::filesystem::remove(path);
+    return path.string();
+}
+
+/// How a list of files becomes an archive.
+struct Packer {
+    std::string_view extension;
+    const char* command; ///< the archive's name is written behind it
+};
+
+constexpr std::array packers{
+    Packer{".zip", "zip -q -@ "},
+    Packer{".tar", "tar -T - -cf "},
+    Packer{".tar.gz", "tar -T - -czf "},
+    Packer{".tar.xz", "tar -T - -cf - | xz -1 -T2 --block-size=2MiB > "},
 };
 
 } // namespace
@@ -107,15 +141,19 @@ std::string file(const std::string& name, const std::string& content) {
 }
 
 std::string archive(const std::string& name) {
-    const auto path = folder() / name;
-    if (std::filesystem::exists(path)) return path.string();
-    for (const auto& recipe : recipes) {
-        if (name != recipe.archive) continue;
-        if (!std::filesystem::exists(folder() / recipe.folder)) recipe.makeFiles(folder() / recipe.folder);
-        const std::string command = "cd '" + folder().string() + "' && " + recipe.command;
-        if (std::system(command.c_str()) != 0) std::filesystem::remove(path);
+    for (const auto& recipe : recipes)
+        if (name == recipe.archive) return madeOnce(name, recipe.folder, recipe.makeFiles, recipe.command);
+    throw std::logic_error("no archive " + name);
+}
+
+std::string treeArchive(std::size_t files, const std::string& extension) {
+    const std::string name = "tree-" + std::to_string(files) + extension;
+    for (const auto& packer : packers) {
+        if (extension != packer.extension) continue;
+        const std::string list = "find tree -type f | sort | head -n " + std::to_string(files) + " | ";
+        return madeOnce(name, "tree", makeTree, list + packer.command + name);
     }
-    return path.string();
+    throw std::logic_error("no archives of type " + extension);
 }
 
 } // namespace quillmar::Samples

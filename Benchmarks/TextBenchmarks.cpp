@@ -1,6 +1,5 @@
-// The 512 KiB source file: its page in process, and the whole command against `cat -n` of the same file.
+// The page of a 512 KiB source file, in process.
 
-#include "Benchmarks/CommandRun.h"
 #include "Benchmarks/Samples.h"
 #include "QuickPreview.h"
 
@@ -19,14 +18,6 @@ void textPage(benchmark::State& state) {
     for (auto _ : state) benchmark::DoNotOptimize(QuickPreview::document(url, nullptr).html.data());
 }
 BENCHMARK(textPage)->Unit(benchmark::kMillisecond);
-
-void textCommand(benchmark::State& state) {
-    CommandRun::measure(state, {CommandRun::host(), "--no-icons", "--html", "-", sourceFile()});
-}
-BENCHMARK(textCommand)->Unit(benchmark::kMillisecond)->UseManualTime();
-
-void catCommand(benchmark::State& state) { CommandRun::measure(state, {"cat", "-n", sourceFile()}); }
-BENCHMARK(catCommand)->Unit(benchmark::kMillisecond)->UseManualTime();
 
 } // namespace
 } // namespace quillmar

@@ -19,15 +19,17 @@ std::string text(const benchmark::State& state) {
     return Samples::file("worker-" + std::to_string(bytes) + ".cpp", Samples::sourceCode(bytes));
 }
 
-void confined(benchmark::State& state) {
-    CommandRun::measure(state, {CommandRun::host(), "--no-icons", "--html", "-", text(state)});
+void measure(benchmark::State& state, const CommandRun::Command& command) {
+    for (auto _ : state) state.SetIterationTime(CommandRun::seconds(command));
 }
+
+void confined(benchmark::State& state) { measure(state, CommandRun::host(text(state))); }
 
 void confinedWithIcons(benchmark::State& state) {
-    CommandRun::measure(state, {CommandRun::host(), "--html", "-", text(state)});
+    measure(state, {QUILLMAR_BINARY, "--html", "-", text(state)});
 }
 
-void unconfined(benchmark::State& state) { CommandRun::measure(state, {QUILLMAR_UNCONFINED, text(state)}); }
+void unconfined(benchmark::State& state) { measure(state, {QUILLMAR_UNCONFINED, text(state)}); }
 
 void options(benchmark::internal::Benchmark* benchmark) {
     benchmark->Arg(smallText)->Arg(largestText)->Unit(benchmark::kMillisecond)->UseManualTime();

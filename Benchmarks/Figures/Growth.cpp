@@ -1,0 +1,56 @@
+#include "Benchmarks/Figures/Growth.h"
+
+#include <algorithm>
+#include <ctime>
+#include <limits>
+
+namespace quillmar {
+namespace {
+
+/// Of the processor, which others may use as well.
+double secondsOf(const Job& job) {
+    const std::clock_t start = std::clock();
+    job();
+    return static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
+}
+
+/// The least of as many runs as a moment holds, two at least unless one takes long.
+double leastSeconds(const Job& job) {
+    constexpr double moment = 0.02;
+    constexpr double lengthy = 0.25;
+    double least = secondsOf(job);
+    if (least > lengthy) return least;
+    double spent = 0;
+    do {
+        const double seconds = secondsOf(job);
+        least = std::min(least, seconds);
+        spent += seconds;
+    } while (spent < moment);
+    return least;
+}
+
+} // namespace
+
+double Growth::largestFactor() const {
+    double largest = 0;
+    for (std::size_t i = 1; i < seconds.size(); ++i)
+        if (seconds[i] >= shortest) largest = std::max(largest, seconds[i] / seconds[i - 1]);
+    return largest;
+}
+
+Growth measureGrowth(std::size_t largest, const std::function<Job(std::size_t size)>& prepare) {
+    // What looks too steep is looked at again: others on the machine can only add to a time.
+    constexpr int mostAttempts = 4;
+    std::array<Job, 4> jobs;
+    for (std::size_t i = 0; i < jobs.size(); ++i) jobs[i] = prepare(largest >> (jobs.size() - 1 - i));
+    Growth growth;
+    growth.seconds.fill(std::numeric_limits<double>::max());
+    for (int attempt = 0; attempt < mostAttempts; ++attempt) {
+        for (std::size_t i = 0; i < jobs.size(); ++i)
+            growth.seconds[i] = std::min(growth.seconds[i], leastSeconds(jobs[i]));
+        if (growth.largestFactor() <= Growth::asked) break;
+    }
+    return growth;
+}
+
+} // namespace quillmar

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <functional>
+
+namespace quillmar {
+
+/// What an input and its doubles take: seconds of the processor, the least of several runs.
+struct Growth {
+    static constexpr double asked = 2.2;      ///< at most, per doubling
+    static constexpr double shortest = 0.001; ///< seconds; the growth of less is that of a few page faults
+
+    std::array<double, 4> seconds{}; ///< for an eighth of the largest, a quarter, a half and all of it
+
+    /// By how much the time grows from one size to the next, where it grows most. 0 where none takes \p
+    /// shortest.
+    double largestFactor() const;
+};
+
+/// Does the work once.
+using Job = std::function<void()>;
+
+/// Measures the jobs that \p prepare makes for \p largest and its parts.
+Growth measureGrowth(std::size_t largest, const std::function<Job(std::size_t size)>& prepare);
+
+} // namespace quillmar
