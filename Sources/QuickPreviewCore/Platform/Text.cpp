@@ -32,35 +32,44 @@ std::string repaired(std::string_view text, std::size_t start) {
     return result;
 }
 
-/// \p text decomposed, its combining marks in canonical order (The Unicode Standard, 3.11).
-icu::UnicodeString decomposedText(const icu::Normalizer2& normalizer, std::string_view text) {
-    std::vector<UChar32> characters;
-    const auto append = [&](const icu::UnicodeString& some) {
-        for (std::int32_t i = 0; i < some.length(); i = some.moveIndex32(i, 1))
-            characters.push_back(some.char32At(i));
-    };
-    const icu::UnicodeString whole = icu::UnicodeString::fromUTF8(text);
-    icu::UnicodeString decomposition;
-    for (std::int32_t i = 0; i < whole.length(); i = whole.moveIndex32(i, 1)) {
-        const UChar32 character = whole.char32At(i);
-        if (normalizer.getDecomposition(character, decomposition))
-            append(decomposition);
-        else
-            characters.push_back(character);
-    }
+struct ClassedCharacter {
+    UChar32 value = 0;
+    std::uint8_t combiningClass = 0; ///< 0: stays where it is
+};
 
-    // Looked up once for each: sorting asks again and again.
-    std::vector<std::pair<std::uint8_t, UChar32>> classed;
-    classed.reserve(characters.size());
-    for (const UChar32 character : characters) classed.emplace_back(u_getCombiningClass(character), character);
-    const auto isStarter = [](const auto& one) { return one.first == 0; };
-    for (auto marks = classed.begin(); marks != classed.end();) {
-        const auto end = std::find_if(marks, classed.end(), isStarter);
-        std::stable_sort(marks, end, [](const auto& a, const auto& b) { return a.first < b.first; });
-        marks = std::find_if_not(end, classed.end(), isStarter);
+bool isStarter(const ClassedCharacter& character) { return character.combiningClass == 0; }
+
+/// The characters of \p text, decomposed.
+std::vector<ClassedCharacter> decomposed(const icu::Normalizer2& normalizer, std::string_view text) {
+    std::vector<ClassedCharacter> characters;
+    const auto append = [&](UChar32 value) {
+        characters.push_back({.value = value, .combiningClass = u_getCombiningClass(value)});
+    };
+    icu::UnicodeString parts;
+    for (std::size_t i = 0; i < text.size();) {
+        const UTF8::CodePoint character = UTF8::codePointAt(text, i);
+        i += character.length;
+        const auto value = static_cast<UChar32>(character.value);
+        if (!normalizer.getDecomposition(value, parts)) {
+            append(value);
+            continue;
+        }
+        for (std::int32_t k = 0; k < parts.length(); k = parts.moveIndex32(k, 1)) append(parts.char32At(k));
     }
-    std::ranges::transform(classed, characters.begin(), [](const auto& one) { return one.second; });
-    return icu::UnicodeString::fromUTF32(characters.data(), static_cast<std::int32_t>(characters.size()));
+    return characters;
+}
+
+/// \p text decomposed, its combining marks in canonical order (The Unicode Standard, 3.11).
+icu::UnicodeString orderedText(const icu::Normalizer2& normalizer, std::string_view text) {
+    auto characters = decomposed(normalizer, text);
+    for (auto marks = characters.begin(); marks != characters.end();) {
+        const auto end = std::find_if(marks, characters.end(), isStarter);
+        std::ranges::stable_sort(marks, end, {}, &ClassedCharacter::combiningClass);
+        marks = std::find_if_not(end, characters.end(), isStarter);
+    }
+    icu::UnicodeString ordered;
+    for (const ClassedCharacter& character : characters) ordered.append(character.value);
+    return ordered;
 }
 
 } // namespace
@@ -100,7 +109,7 @@ std::string canonicalForm(std::string text) {
     // ICU puts one mark after the other in its place, which takes the square of their number.
     constexpr std::size_t fewMarks = 128; // bytes
     if (text.size() > fewMarks) {
-        nfc->normalize(decomposedText(*nfc, text), status).toUTF8String(normalized);
+        nfc->normalize(orderedText(*nfc, text), status).toUTF8String(normalized);
         return U_SUCCESS(status) ? normalized : text;
     }
     icu::StringByteSink<std::string> sink(&normalized);
