@@ -19,7 +19,7 @@ namespace Zip64End = ZipFormat::Zip64EndOfCentralDirectory;
 namespace Locator = ZipFormat::Zip64Locator;
 
 /// Where the central directory lies, by the word of the archive's end.
-struct Directory {
+struct CentralDirectory {
     std::uint64_t entries; ///< a hint: how much room to make
     std::uint64_t size;    ///< bytes
     std::uint64_t offset;  ///< bytes from the start of the file
@@ -42,8 +42,8 @@ std::size_t findEnd(DataView tail) {
 
 /// The ZIP64 record that the locator before byte \p end of \p tail points to. None when there is no locator or
 /// nothing of the kind where it points.
-std::optional<Directory> zip64Directory(FileHandle& file, std::int64_t fileSize, DataView tail,
-                                        std::int64_t end) {
+std::optional<CentralDirectory> zip64Directory(FileHandle& file, std::int64_t fileSize, DataView tail,
+                                               std::int64_t end) {
     const ByteReader reader(tail);
     const std::int64_t locator = end - Locator::size;
     if (!reader.slice(locator, Locator::size).starts_with(Locator::signature)) return {};
@@ -54,25 +54,25 @@ std::optional<Directory> zip64Directory(FileHandle& file, std::int64_t fileSize,
     const Data record = file.read(static_cast<std::size_t>(Zip64End::size));
     if (!record.starts_with(Zip64End::signature)) return {};
     const ByteReader fields(record);
-    return Directory{.entries = number(fields, 0, Zip64End::totalEntries),
-                     .size = number(fields, 0, Zip64End::directorySize),
-                     .offset = number(fields, 0, Zip64End::directoryOffset)};
+    return CentralDirectory{.entries = number(fields, 0, Zip64End::totalEntries),
+                            .size = number(fields, 0, Zip64End::directorySize),
+                            .offset = number(fields, 0, Zip64End::directoryOffset)};
 }
 
-Directory findDirectory(FileHandle& file, std::int64_t fileSize) {
+CentralDirectory findDirectory(FileHandle& file, std::int64_t fileSize) {
     const Data tail = readTail(file, fileSize);
     const auto end = static_cast<std::int64_t>(findEnd(tail));
     const ByteReader reader(tail);
-    const Directory directory{.entries = number(reader, end, End::totalEntries),
-                              .size = number(reader, end, End::directorySize),
-                              .offset = number(reader, end, End::directoryOffset)};
+    const CentralDirectory directory{.entries = number(reader, end, End::totalEntries),
+                                     .size = number(reader, end, End::directorySize),
+                                     .offset = number(reader, end, End::directoryOffset)};
     if (directory.entries != ZipFormat::overflow16 && directory.size != ZipFormat::overflow32 &&
         directory.offset != ZipFormat::overflow32)
         return directory;
     return zip64Directory(file, fileSize, tail, end).value_or(directory);
 }
 
-Data readDirectory(FileHandle& file, std::int64_t fileSize, const Directory& directory) {
+Data readDirectory(FileHandle& file, std::int64_t fileSize, const CentralDirectory& directory) {
     const auto available = static_cast<std::uint64_t>(fileSize);
     if (directory.size > ArchiveLimits::maxDirectoryBytes || directory.size > available ||
         directory.offset > available - directory.size)
@@ -113,7 +113,7 @@ ArchiveListing walk(DataView data, std::uint64_t expected, std::size_t maxEntrie
 ArchiveListing ZipReader::listing(const FileURL& url, std::size_t maxEntries) {
     FileHandle file(url);
     const std::int64_t fileSize = file.size();
-    const Directory directory = findDirectory(file, fileSize);
+    const CentralDirectory directory = findDirectory(file, fileSize);
     return walk(readDirectory(file, fileSize, directory), directory.entries, maxEntries);
 }
 

@@ -4,12 +4,11 @@
 #include "Platform/FileError.h"
 #include "Platform/FileHandle.h"
 #include "QuillmarQuickLook/Icons/FileMetadata.h"
+#include "QuillmarQuickLook/Icons/RealPath.h"
 #include "QuillmarQuickLook/UserFolders.h"
 #include "Support/PercentEncoding.h"
 
 #include <cstddef>
-#include <cstdlib>
-#include <memory>
 #include <string_view>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -24,13 +23,6 @@ constexpr std::string_view nameKey = "custom-icon-name";
 std::string metadataFolder() {
     const std::string data = UserFolders::data();
     return data.empty() ? data : data + "/gvfs-metadata";
-}
-
-/// \p path without symbolic links; empty when nothing is there.
-std::string resolved(const std::string& path) {
-    // The C library takes the memory.
-    const std::unique_ptr<char, decltype(&std::free)> real(::realpath(path.c_str(), nullptr), &std::free);
-    return real ? std::string(real.get()) : std::string();
 }
 
 /// Where gvfs keeps what it knows of an item.
@@ -48,14 +40,14 @@ bool isBelow(std::string_view path, std::string_view folder) {
 std::optional<Place> placeOf(const FileURL& url) {
     std::string path = "/";
     if (url != FileURL::root()) {
-        path = resolved(url.deletingLastPathComponent().path());
+        path = realPath(url.deletingLastPathComponent().path());
         if (path.empty()) return std::nullopt;
         if (!path.ends_with('/')) path += '/';
         path.append(url.path(), url.path().rfind('/') + 1);
     }
     struct stat item {};
     if (::lstat(path.c_str(), &item) != 0) return std::nullopt;
-    const std::string home = resolved(UserFolders::home());
+    const std::string home = realPath(UserFolders::home());
     struct stat homeItem {};
     if (!isBelow(path, home) || ::stat(home.c_str(), &homeItem) != 0 || homeItem.st_dev != item.st_dev)
         return Place{.tree = "root", .path = std::move(path)};

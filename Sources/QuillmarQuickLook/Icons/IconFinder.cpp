@@ -3,11 +3,11 @@
 #include "Platform/FileError.h"
 #include "Platform/FileHandle.h"
 #include "QuillmarQuickLook/Icons/KeyFile.h"
+#include "QuillmarQuickLook/Icons/RealPath.h"
 #include "QuillmarQuickLook/UserFolders.h"
 
 #include <algorithm>
 #include <cstdlib>
-#include <memory>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -36,12 +36,6 @@ std::string childOf(const std::string& folder, std::string_view name) {
 bool isReadableFile(const std::string& path) {
     struct stat status {};
     return ::stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode) && ::access(path.c_str(), R_OK) == 0;
-}
-
-/// The path without links in it, empty when there is no such file.
-std::string resolved(const std::string& path) {
-    const std::unique_ptr<char, decltype(&std::free)> target(::realpath(path.c_str(), nullptr), &std::free);
-    return target ? target.get() : std::string();
 }
 
 void sortByFitness(std::vector<IconDirectory>& directories) {
@@ -75,7 +69,7 @@ std::vector<std::string> IconFinder::standardFolders() {
 
 IconFinder::IconFinder(const std::string& theme, const std::vector<std::string>& folders) {
     for (const std::string& folder : folders) {
-        std::string path = resolved(folder);
+        std::string path = realPath(folder);
         if (!path.empty() && std::ranges::find(folders_, path) == folders_.end())
             folders_.push_back(std::move(path));
     }
@@ -159,7 +153,7 @@ std::optional<std::string> IconFinder::fileAt(const std::string& stem) const {
 
 /// Themes are full of links, but none has a reason to lead out of the icons.
 bool IconFinder::isInside(const std::string& path) const {
-    const std::string target = resolved(path);
+    const std::string target = realPath(path);
     return std::ranges::any_of(folders_,
                                [&](const std::string& folder) { return target.starts_with(folder + '/'); });
 }
