@@ -1,17 +1,28 @@
 #include "QuillmarViewer/ItemLocation.h"
 
+#include "Platform/UTF8.h"
 #include "QuillmarViewer/GObjectPointer.h"
 
 #include <climits>
+#include <string_view>
 
 namespace quillmar {
 namespace {
 
+constexpr const char* standardName = "Item";
+constexpr const char* noAddressOfAFile = "Its address is not one of a file.";
+
+/// As much of \p name as the name of a file has at most, without a character that is cut.
+std::string firstBytes(std::string_view name) {
+    name = name.substr(0, NAME_MAX);
+    return std::string(name.substr(0, UTF8::validPrefix(name)));
+}
+
 std::string nameOf(GFile* file) {
     const GString8 base(g_file_get_basename(file));
-    if (!base) return "Item";
+    if (!base || *base == '\0') return standardName;
     const GString8 name(g_filename_display_name(base.get()));
-    return std::string(name.get()).substr(0, NAME_MAX);
+    return firstBytes(name.get());
 }
 
 /// No file system has one; a page would take long to draw it.
@@ -46,12 +57,13 @@ struct ItemLocation::Question {
         const char* target = info != nullptr
                                  ? g_file_info_get_attribute_string(info, G_FILE_ATTRIBUTE_STANDARD_TARGET_URI)
                                  : nullptr;
-        if (target != nullptr) {
+        if (target != nullptr && !isResource(target)) {
             const GObjectPointer<GFile> other(g_file_new_for_uri(target));
             if (auto url = localURL(other.get())) result.url = std::move(url);
         }
-        if (info != nullptr && g_file_info_get_display_name(info) != nullptr)
-            result.name = g_file_info_get_display_name(info);
+        const char* name = info != nullptr ? g_file_info_get_display_name(info) : nullptr;
+        // That of the root of a place may be empty.
+        if (name != nullptr && *name != '\0') result.name = firstBytes(name);
         if (!result.url) result.message = "This place has no files that can be read here.";
         return result;
     }
@@ -73,13 +85,19 @@ struct ItemLocation::Question {
     }
 };
 
+bool ItemLocation::isResource(const std::string& uri) {
+    constexpr std::string_view scheme = "resource:";
+    return g_ascii_strncasecmp(uri.c_str(), scheme.data(), scheme.size()) == 0;
+}
+
 void ItemLocation::find(const std::string& uri, Found found) {
     cancel();
+    if (isResource(uri)) return found({.url = std::nullopt, .name = standardName, .message = noAddressOfAFile});
     GObjectPointer<GFile> file(g_file_new_for_uri(uri.c_str()));
     if (g_file_has_uri_scheme(file.get(), "file") != FALSE) {
         auto url = localURL(file.get());
         if (url && isNameTooLong(*url)) url.reset();
-        const std::string message = url ? "" : "Its address is not one of a file.";
+        const std::string message = url ? "" : noAddressOfAFile;
         found({.url = std::move(url), .name = nameOf(file.get()), .message = message});
         return;
     }

@@ -29,6 +29,10 @@ public:
     void find(const std::string& uri, Found found);
     void cancel();
 
+    /// True when \p uri names what a program carries within itself. There are no files, and GIO (2.74) ends the
+    /// program over such an address when a "%" in it is no escape, so it is not to be asked.
+    static bool isResource(const std::string& uri);
+
     /// Milliseconds after which a place that does not answer is given up.
     static constexpr unsigned patience = 3'000;
 

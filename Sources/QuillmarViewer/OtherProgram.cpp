@@ -1,6 +1,7 @@
 #include "QuillmarViewer/OtherProgram.h"
 
 #include "QuillmarViewer/GObjectPointer.h"
+#include "QuillmarViewer/ItemLocation.h"
 #include "QuillmarViewer/LibrarySettings.h"
 
 #include <gtk/gtk.h>
@@ -8,6 +9,7 @@
 namespace quillmar {
 
 void openInOtherProgram(const std::string& uri) {
+    if (ItemLocation::isResource(uri)) return;
     const GObjectPointer<GdkAppLaunchContext> context(
         gdk_display_get_app_launch_context(gdk_display_get_default()));
     LibrarySettings::keepFrom(G_APP_LAUNCH_CONTEXT(context.get()));

@@ -1,5 +1,6 @@
 #include "QuillmarQuickLook/InstalledProgram.h"
 #include "QuillmarViewer/GObjectPointer.h"
+#include "QuillmarViewer/ItemLocation.h"
 #include "QuillmarViewer/LibrarySettings.h"
 #include "QuillmarViewer/Viewer.h"
 
@@ -56,6 +57,10 @@ int main(int argc, char** argv) {
     }
     std::vector<std::string> uris;
     for (const std::string& path : arguments) {
+        if (ItemLocation::isResource(path)) {
+            uris.push_back(path); // gets a page that says so
+            continue;
+        }
         const GObjectPointer<GFile> file(g_file_new_for_commandline_arg(path.c_str()));
         const GString8 uri(g_file_get_uri(file.get()));
         uris.emplace_back(uri.get());

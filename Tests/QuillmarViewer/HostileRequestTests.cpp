@@ -38,6 +38,7 @@ TEST_F(HostileRequests, anotherHost) { expectPageAndService("file://elsewhere.ex
 TEST_F(HostileRequests, aWebPage) { expectPageAndService("http://127.0.0.1:1/x.html"); }
 TEST_F(HostileRequests, theTrash) { expectPageAndService("trash:///"); }
 TEST_F(HostileRequests, thePagesOwnScheme) { expectPageAndService("quillmar-page:///1"); }
+TEST_F(HostileRequests, aResourceWithAnInvalidEscape) { expectPageAndService("resource:///%zz"); }
 TEST_F(HostileRequests, aScript) { expectPageAndService("javascript:alert(1)"); }
 TEST_F(HostileRequests, markup) { expectPageAndService("file:///<b>%3Cscript%3E&amp;\"'"); }
 TEST_F(HostileRequests, lineBreaksAndDirections) { expectPageAndService("file:///a%0Ab%E2%80%AEtxt"); }
