@@ -2,6 +2,8 @@
 
 #include "QuillmarViewer/PreviewInterfaces.h"
 
+#include <string_view>
+
 namespace quillmar {
 namespace {
 
@@ -37,9 +39,7 @@ GDBusMessage* look(GDBusConnection*, GDBusMessage* message, gboolean isIncoming,
         MainLoopCall::request(static_cast<GSource*>(pinged));
         return message;
     }
-    const bool hasFour = isCall(message, PreviewInterfaces::Nautilus::interface, "ShowFile") &&
-                         g_strcmp0(g_dbus_message_get_signature(message), "ssbs") == 0;
-    return hasFour ? withoutToken(message) : message;
+    return MessageForms::declaredForm(message);
 }
 
 void forget(gpointer source) { g_source_unref(static_cast<GSource*>(source)); }
@@ -57,9 +57,20 @@ MessageForms::~MessageForms() {
 }
 
 std::string MessageForms::activationToken(GDBusMethodInvocation* call) {
-    GDBusMessage* message = g_dbus_method_invocation_get_message(call);
-    const void* token = g_object_get_data(G_OBJECT(message), tokenKey);
-    return token != nullptr ? static_cast<const char*>(token) : std::string();
+    return activationToken(g_dbus_method_invocation_get_message(call));
+}
+
+std::string MessageForms::activationToken(GDBusMessage* message) {
+    const void* data = g_object_get_data(G_OBJECT(message), tokenKey);
+    if (data == nullptr) return {};
+    const std::string_view token = static_cast<const char*>(data);
+    return token.size() <= maxTokenBytes ? std::string(token) : std::string();
+}
+
+GDBusMessage* MessageForms::declaredForm(GDBusMessage* message) {
+    const bool hasFour = isCall(message, PreviewInterfaces::Nautilus::interface, "ShowFile") &&
+                         g_strcmp0(g_dbus_message_get_signature(message), "ssbs") == 0;
+    return hasFour ? withoutToken(message) : message;
 }
 
 } // namespace quillmar

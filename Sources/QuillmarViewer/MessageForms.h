@@ -2,6 +2,7 @@
 
 #include "QuillmarViewer/MainLoopCall.h"
 
+#include <cstddef>
 #include <gio/gio.h>
 #include <string>
 
@@ -18,8 +19,17 @@ public:
     MessageForms(const MessageForms&) = delete;
     MessageForms& operator=(const MessageForms&) = delete;
 
-    /// The fourth argument of \p call, empty when it had three.
+    /// The fourth argument of \p call, empty when it had three, or is longer than `maxTokenBytes`.
     static std::string activationToken(GDBusMethodInvocation* call);
+    /// The same of the message of a call.
+    static std::string activationToken(GDBusMessage* message);
+
+    /// \p message as GDBus is to see it; replaced by a copy when it is a `ShowFile` with four arguments.
+    static GDBusMessage* declaredForm(GDBusMessage* message);
+
+    /// Wayland's library breaks the connection off, and GTK ends the program, over a message that is larger
+    /// than 4,096 bytes (`wl_connection_write`). The compositors' own tokens have some 40.
+    static constexpr std::size_t maxTokenBytes = 1'024;
 
 private:
     GDBusConnection* connection_;

@@ -161,6 +161,16 @@ TEST_F(PreviewServiceTest, forgetsTheTokenOfTheCallBefore) {
     EXPECT_EQ(requests.last.activationToken, "");
 }
 
+TEST_F(PreviewServiceTest, takesATokenTooLongForWaylandForNone) {
+    const auto tokenOf = [this](std::size_t length) {
+        fileManager.call(
+            showFile, std::string("('file:///a', '', true, '").append(std::string(length, 't')).append("')"));
+        return requests.last.activationToken;
+    };
+    EXPECT_EQ(tokenOf(1'024), std::string(1'024, 't'));
+    EXPECT_EQ(tokenOf(1'025), "");
+}
+
 TEST_F(PreviewServiceTest, givesEachOfSeveralWaitingCallsItsOwnToken) {
     Strings tokens;
     struct Tokens : PreviewRequests {
