@@ -1,4 +1,5 @@
 #include "Fuzz/FuzzTarget.h"
+#include "Fuzz/Nesting.h"
 #include "Markdown/MarkdownRenderer.h"
 #include "Platform/Text.h"
 #include "Platform/UTF8.h"
@@ -21,6 +22,8 @@ void fuzz(DataView input) {
     const std::string html = renderer.render(text);
     require(UTF8::validPrefix(html) == html.size());
     require(renderer.render(text) == html);
+    const bool hasRawHTML = text.find('<') != text.npos;
+    require(hasRawHTML || isBalanced(html));
     MarkdownRenderer{}.render(std::string(input)); // what is no UTF-8 must not crash either
 }
 
