@@ -6,7 +6,9 @@
 #include "Tests/Helpers/TarBuilder.h"
 #include "Tests/Helpers/TemporaryFolder.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
+#include <optional>
 
 namespace quillmar {
 namespace {
@@ -25,6 +27,16 @@ protected:
     }
     CompressedFile compressed(const std::string& name, DataView content) const {
         return std::get<CompressedFile>(read(name, content));
+    }
+    /// None when what is left of an archive is no list any more.
+    std::optional<ArchiveListing> listingOf(DataView content) const {
+        try {
+            const ArchiveContent found = read("file", content);
+            const auto* list = std::get_if<ArchiveListing>(&found);
+            return list != nullptr ? std::optional(*list) : std::nullopt;
+        } catch (const ArchiveError&) {
+            return std::nullopt;
+        }
     }
     /// The reason of the error that reading \p content ends in; "unrecognized" when it is no archive.
     std::string faultOf(DataView content) const {
@@ -153,6 +165,28 @@ TEST_F(ArchiveReaderTest, listsWhatCameBeforeDamageInACompressedTar) {
     EXPECT_FALSE(content.isComplete);
     EXPECT_GT(content.entries.size(), 100U);
     EXPECT_LT(content.entries.size(), 2'000U);
+}
+
+TEST_F(ArchiveReaderTest, listsAPrefixOfEveryTruncatedCompressedTar) {
+    Data members;
+    for (std::size_t i = 0; i < 15; ++i)
+        members += file("plant-" + std::to_string(i * 7'919), Data(i * 37, 'x'));
+    const Data archive = tar({members});
+    for (const Data& packed : {gzip(archive), xz(archive), xz(archive, 4'096)}) {
+        const auto whole = listing("whole", packed).entries;
+        EXPECT_EQ(whole.size(), 15U);
+        std::size_t countOfParts = 0;
+        for (std::size_t length = 0; length < packed.size(); ++length) {
+            const auto cut = listingOf(DataView(packed).substr(0, length));
+            if (!cut) continue;
+            ASSERT_LE(cut->entries.size(), whole.size()) << length;
+            EXPECT_TRUE(std::equal(cut->entries.begin(), cut->entries.end(), whole.begin())) << length;
+            if (cut->entries.size() == whole.size()) continue;
+            EXPECT_FALSE(cut->isComplete) << length;
+            ++countOfParts;
+        }
+        EXPECT_GT(countOfParts, 0U);
+    }
 }
 
 TEST_F(ArchiveReaderTest, listsNothingWhenTheDeadlineHasPassedAtTheFirstHeader) {
