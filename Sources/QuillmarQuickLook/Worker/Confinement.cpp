@@ -32,7 +32,7 @@ bool limit(__rlimit_resource resource, rlim_t value, rlim_t grace = 0) {
 }
 
 bool limitResources() {
-#if defined(__SANITIZE_ADDRESS__)
+#if defined(QUILLMAR_SHADOW_MEMORY)
     constexpr bool hasShadowMemory = true; // the sanitizer reserves terabytes
 #else
     constexpr bool hasShadowMemory = false;

@@ -31,7 +31,7 @@ constexpr std::array allowed {
         SCMP_SYS(rt_sigprocmask), SCMP_SYS(rt_sigreturn), SCMP_SYS(sigaltstack), SCMP_SYS(restart_syscall),
         SCMP_SYS(getrandom), SCMP_SYS(getrusage), SCMP_SYS(sysinfo), SCMP_SYS(uname), SCMP_SYS(geteuid),
         SCMP_SYS(getuid), SCMP_SYS(getegid), SCMP_SYS(getgid), SCMP_SYS(exit), SCMP_SYS(exit_group),
-#if defined(__SANITIZE_ADDRESS__)
+#if defined(QUILLMAR_SHADOW_MEMORY)
         SCMP_SYS(pipe), // the sanitizers test through one whether memory can be read
         SCMP_SYS(pipe2),
 #endif
