@@ -2,6 +2,7 @@
 // page's pixels, from a file manager's call to the pixels of the next page, and the memory of all its processes
 // over 200 previews. Wants a display and a session bus of its own: see scripts/measure-viewer.
 
+#include "Benchmarks/CommandRun.h"
 #include "Benchmarks/Samples.h"
 #include "Benchmarks/ViewerScreen.h"
 
@@ -15,7 +16,8 @@
 namespace quillmar {
 namespace {
 
-constexpr int coldRuns = 7;
+constexpr int coldRuns = 15;
+constexpr gulong restAfterRun = 500'000; ///< microseconds in which WebKit's other processes end
 constexpr int warmRuns = 40;
 constexpr int memoryRuns = 200;
 
@@ -67,19 +69,36 @@ void print(const char* what, const std::vector<double>& values) {
                 *std::ranges::min_element(values), *std::ranges::max_element(values), values.size());
 }
 
+/// The page of the file at \p path, as the command writes it.
+std::string writtenPage(const std::string& path) {
+    const std::string page = path + ".html";
+    CommandRun::seconds({QUILLMAR_BINARY, "--html", page, path});
+    return page;
+}
+
+double millisecondsToStart(const std::vector<std::string>& program, const ViewerScreen& screen) {
+    const auto start = ViewerScreen::now();
+    const pid_t process = ViewerScreen::start(program);
+    const double milliseconds = screen.millisecondsUntil(ViewerScreen::red, start);
+    ViewerScreen::end(process);
+    g_usleep(restAfterRun);
+    return milliseconds;
+}
+
 void measure(const std::string& viewer) {
     const std::string red = document("red", "#ff0000");
     const std::string blue = document("blue", "#0000ff");
     ViewerScreen screen;
 
+    const std::string page = writtenPage(red);
     std::vector<double> cold;
+    std::vector<double> bare;
     for (int i = 0; i < coldRuns; ++i) {
-        const auto start = ViewerScreen::now();
-        const pid_t process = ViewerScreen::start({viewer, red});
-        cold.push_back(screen.millisecondsUntil(ViewerScreen::red, start));
-        ViewerScreen::end(process);
+        cold.push_back(millisecondsToStart({viewer, red}, screen));
+        bare.push_back(millisecondsToStart({QUILLMAR_BARE_WINDOW, page}, screen));
     }
     print("start of the program to the page's pixels", cold);
+    print("the same page in a bare window", bare);
 
     const pid_t service = ViewerScreen::start({viewer, "--service"});
     GDBusConnection* bus = g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, nullptr);

@@ -109,6 +109,7 @@ struct PageView::Callbacks {
 
     static void loadChanged(WebKitWebView*, WebKitLoadEvent event, gpointer data) {
         auto* page = static_cast<PageView*>(data);
+        if (event == WEBKIT_LOAD_COMMITTED) page->isWarm_ = true;
         page->isDrawing_ = event == WEBKIT_LOAD_COMMITTED && !page->isBlank();
         if (event != WEBKIT_LOAD_FINISHED || std::exchange(page->isReplaced_, false)) return;
         if (page->onLoaded) page->onLoaded();
@@ -161,6 +162,9 @@ PageView::PageView(Images images) : images_(images) {
         g_object_new(WEBKIT_TYPE_WEB_VIEW, "web-context", Callbacks::context(), "network-session",
                      Callbacks::session(images), "settings", webSettings.get(), "accessible-role",
                      GTK_ACCESSIBLE_ROLE_DOCUMENT, nullptr))));
+    // Until a page is drawn the window shows, which is dark in the dark.
+    constexpr GdkRGBA transparent{.red = 0, .green = 0, .blue = 0, .alpha = 0};
+    webkit_web_view_set_background_color(view_.get(), &transparent);
     g_object_set_data(G_OBJECT(view_.get()), viewKey, this);
     g_signal_connect(view_.get(), "decide-policy", G_CALLBACK(decidePolicy), nullptr);
     g_signal_connect(view_.get(), "context-menu", G_CALLBACK(trimContextMenu), nullptr);

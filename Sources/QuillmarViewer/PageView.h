@@ -25,6 +25,8 @@ public:
     /// Shows \p html; `onLoaded` is called when it can be seen. An empty page makes WebKit warm.
     void load(std::string html);
     bool isBlank() const { return html_.empty(); }
+    /// True once the process that draws has started and answered, which takes a while.
+    bool isWarm() const { return isWarm_; }
     /// True while a page is being drawn that cannot be seen yet. It may take a hostile page forever.
     bool isDrawing() const { return isDrawing_; }
     /// True when what drew it has ended: another view is wanted.
@@ -54,6 +56,7 @@ private:
     GObjectPointer<WebKitWebView> view_;
     Images images_;
     std::string html_;
+    bool isWarm_ = false;
     bool isDrawing_ = false;
     bool isLost_ = false;
     bool isReplaced_ = false; ///< the load that is about to end has made room for the next one

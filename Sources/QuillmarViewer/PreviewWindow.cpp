@@ -61,11 +61,9 @@ struct PreviewWindow::Callbacks {
 };
 
 PreviewWindow::PreviewWindow(WindowWishes& wishes, ViewerSettings settings)
-    : wishes_(wishes), settings_(std::move(settings)), window_(GTK_WINDOW(gtk_window_new())),
-      zoom_(settings_.zoom()) {
-    overlay_ = GTK_OVERLAY(gtk_overlay_new());
-    gtk_widget_set_vexpand(GTK_WIDGET(overlay_), TRUE);
-    renewView(PageView::Images::ownOnly); // first, for the process that draws starts beside all else
+    : wishes_(wishes), settings_(std::move(settings)), zoom_(settings_.zoom()),
+      view_(freshView(PageView::Images::ownOnly)), // first, for the process that draws starts beside all else
+      window_(GTK_WINDOW(gtk_window_new())) {
     gtk_window_set_icon_name(window_, "app.quillmar.Viewer");
     g_signal_connect(window_, "close-request", G_CALLBACK(Callbacks::closeRequest), this);
     // Keys are ours before they are the page's, which keeps those that scroll.
@@ -89,6 +87,9 @@ PreviewWindow::PreviewWindow(WindowWishes& wishes, ViewerSettings settings)
     gtk_widget_set_visible(imagesBar_, FALSE);
     gtk_box_append(GTK_BOX(box), imagesBar_);
 
+    overlay_ = GTK_OVERLAY(gtk_overlay_new());
+    gtk_widget_set_vexpand(GTK_WIDGET(overlay_), TRUE);
+    gtk_overlay_set_child(overlay_, view_->widget());
     gtk_box_append(GTK_BOX(box), GTK_WIDGET(overlay_));
 
     busy_ = gtk_box_new(GTK_ORIENTATION_VERTICAL, margin);
@@ -130,7 +131,7 @@ PreviewWindow::~PreviewWindow() {
 }
 
 /// A view that has shown nothing, warmed by an empty page.
-void PreviewWindow::renewView(PageView::Images images) {
+std::unique_ptr<PageView> PreviewWindow::freshView(PageView::Images images) {
     auto fresh = std::make_unique<PageView>(images);
     fresh->onCrashed = [this] { wishes_.pageLost(); };
     GtkGesture* click = gtk_gesture_click_new();
@@ -138,11 +139,16 @@ void PreviewWindow::renewView(PageView::Images images) {
     gtk_event_controller_set_propagation_phase(GTK_EVENT_CONTROLLER(click), GTK_PHASE_CAPTURE);
     g_signal_connect(click, "pressed", G_CALLBACK(Callbacks::pageClicked), this);
     gtk_widget_add_controller(fresh->widget(), GTK_EVENT_CONTROLLER(click));
+    fresh->setZoom(zoom_);
+    fresh->load({});
+    return fresh;
+}
+
+void PreviewWindow::renewView(PageView::Images images) {
+    auto fresh = freshView(images);
     gtk_overlay_set_child(overlay_, fresh->widget());
     view_ = std::move(fresh);
     if (isVisible()) gtk_widget_grab_focus(view_->widget()); // which went with the view before
-    view_->setZoom(zoom_);
-    view_->load({});
 }
 
 void PreviewWindow::show(const Page& page, const std::string& title, PageView::Images images) {
@@ -160,6 +166,7 @@ void PreviewWindow::show(const Page& page, const std::string& title, PageView::I
     };
     view_->describe(title, spokenText(page.html));
     view_->load(page.html);
+    if (!view_->isWarm()) present(); // while it starts
 }
 
 void PreviewWindow::showBusy(const std::string& title) {

@@ -59,6 +59,7 @@ public:
 private:
     struct Callbacks;
 
+    std::unique_ptr<PageView> freshView(PageView::Images images);
     void renewView(PageView::Images images);
     void present();
     void fit(double width, double height);
@@ -74,7 +75,9 @@ private:
 
     WindowWishes& wishes_;
     ViewerSettings settings_;
-    GtkWindow* window_ = nullptr;
+    double zoom_;
+    std::unique_ptr<PageView> view_;
+    GtkWindow* window_;
     GtkWidget* imagesBar_ = nullptr; ///< offers to load remote pictures
     GtkOverlay* overlay_ = nullptr;
     GtkWidget* busy_ = nullptr;
@@ -83,12 +86,10 @@ private:
     GtkWidget* wayBack_ = nullptr; ///< shown while arrow keys scroll
     GtkWidget* findBar_ = nullptr;
     GtkEditable* findText_ = nullptr;
-    std::unique_ptr<PageView> view_;
     std::string parent_;
     std::optional<ViewerSettings::Size> given_;     ///< by us, to tell what the user gives
     std::optional<ViewerSettings::Size> presented_; ///< when the window appeared; none once it has that size
     bool isInContent_ = false;                      ///< arrow keys scroll
-    double zoom_ = 1;
 };
 
 } // namespace quillmar
