@@ -137,8 +137,8 @@ bool Viewer::ensureWindow() {
         g_main_loop_quit(loop_);
         return false;
     }
+    colors_.emplace(connection_); // before the window, which shows at once whether it is light or dark
     window_.emplace(static_cast<WindowWishes&>(*this), ViewerSettings(ViewerSettings::standardFile()));
-    colors_.emplace(connection_);
     return true;
 }
 

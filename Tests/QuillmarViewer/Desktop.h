@@ -66,6 +66,7 @@ public:
     static bool waitUntil(const Condition& condition, std::chrono::milliseconds bound = patience);
 
     DesktopBus& bus() { return *bus_; }
+    const std::string& busAddress() const { return environment_.at("DBUS_SESSION_BUS_ADDRESS"); }
     Screen& screen() { return *screen_; }
     const TemporaryFolder& folder() const { return folder_; }
     /// `$XDG_DATA_HOME`, where service files of the bus are looked for first.

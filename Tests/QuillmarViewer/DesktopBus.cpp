@@ -10,16 +10,6 @@ constexpr const char* daemonName = "org.freedesktop.DBus";
 constexpr const char* daemonPath = "/org/freedesktop/DBus";
 constexpr int patience = 20'000; ///< milliseconds that a call may take
 
-GDBusConnection* connect(const std::string& address) {
-    constexpr auto flags = static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
-                                                             G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION);
-    GDBusConnection* connection =
-        g_dbus_connection_new_for_address_sync(address.c_str(), flags, nullptr, nullptr, nullptr);
-    if (connection == nullptr) throw std::runtime_error("cannot connect to the bus");
-    g_dbus_connection_set_exit_on_close(connection, FALSE);
-    return connection;
-}
-
 std::string written(GVariant* value) {
     char* text = g_variant_print(value, FALSE);
     std::string result = text;
@@ -28,6 +18,16 @@ std::string written(GVariant* value) {
 }
 
 } // namespace
+
+GDBusConnection* DesktopBus::connect(const std::string& address) {
+    constexpr auto flags = static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
+                                                             G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION);
+    GDBusConnection* connection =
+        g_dbus_connection_new_for_address_sync(address.c_str(), flags, nullptr, nullptr, nullptr);
+    if (connection == nullptr) throw std::runtime_error("cannot connect to the bus");
+    g_dbus_connection_set_exit_on_close(connection, FALSE);
+    return connection;
+}
 
 DesktopBus::DesktopBus(const std::string& address) : connection_(connect(address)), monitor_(connect(address)) {
     filter_ = g_dbus_connection_add_filter(monitor_, hear, this, nullptr);

@@ -16,6 +16,9 @@ public:
     DesktopBus(const DesktopBus&) = delete;
     DesktopBus& operator=(const DesktopBus&) = delete;
 
+    /// Another connection to the bus at \p address. Throws when it does not take us.
+    static GDBusConnection* connect(const std::string& address);
+
     struct Reply {
         bool succeeded = false;
         std::string text; ///< as GLib writes values, or the error
