@@ -6,7 +6,7 @@ import { mkdirSync, readFileSync, symlinkSync, writeFileSync } from 'node:fs';
 import { dirname, join } from 'node:path';
 import { after, before, describe, test } from 'node:test';
 
-import { assertNothingForeign, file, launch, open, pageFor, sizeOf } from './preview.mjs';
+import { assertNothingForeign, file, launch, leave, open, pageFor, sizeOf } from './preview.mjs';
 
 let browser;
 before(async () => {
@@ -19,7 +19,7 @@ const size = { width: 780, height: 620 };
 /** The page of the archive at `path`, open for the length of the test `t`. */
 const preview = async (t, path, options) => {
     const page = await open(browser, await pageFor(path), { size, ...options });
-    t.after(() => page.close());
+    t.after(() => leave(page));
     return page;
 };
 

@@ -6,7 +6,7 @@ import { chmodSync, mkdirSync, symlinkSync, truncateSync, utimesSync, writeFileS
 import { dirname, join } from 'node:path';
 import { after, before, describe, test } from 'node:test';
 
-import { assertNothingForeign, file, launch, open, pageFor, sizeOf } from './preview.mjs';
+import { assertNothingForeign, file, launch, leave, open, pageFor, sizeOf } from './preview.mjs';
 
 let browser;
 before(async () => {
@@ -18,7 +18,7 @@ const size = { width: 780, height: 620 };
 
 const show = async (t, page, options) => {
     const shown = await open(browser, page, { size, ...options });
-    t.after(() => shown.close());
+    t.after(() => leave(shown));
     return shown;
 };
 

@@ -7,7 +7,7 @@ import { createServer } from 'node:http';
 import { dirname, join } from 'node:path';
 import { after, before, describe, test } from 'node:test';
 
-import { file, launch, open, pageFor } from './preview.mjs';
+import { file, launch, leave, open, pageFor } from './preview.mjs';
 
 /** Pictures from elsewhere are part of a document; nothing else from elsewhere is. */
 const pictures = 'http://pictures.test';
@@ -47,7 +47,7 @@ async function opened(t, path) {
     asked.clear();
     const proxy = `http://127.0.0.1:${server.address().port}`;
     const page = await open(browser, path, { scripts: true, proxy });
-    t.after(() => page.close());
+    t.after(() => leave(page));
     await page.waitForTimeout(150);
     return page;
 }
@@ -334,6 +334,7 @@ describe('a link that is a script', () => {
             const page = await preview(t, linked(url));
             // What is no script to the browser is the name of a file. It stays here to follow all links.
             await page.route('file:///**', (route) => route.abort('aborted'));
+            t.after(() => page.unroute('file:///**'));
             // Chromium shows an error instead of what is inside a data URL, and whoever asks the page then fails.
             await provoke(page).catch((error) => assert.match(error.message, /because of a navigation/));
             assert.deepEqual(happened(page).filter((what) => /^(dialog|console)/.test(what)), []);

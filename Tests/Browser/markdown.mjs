@@ -3,7 +3,7 @@
 import { writeFileSync } from 'node:fs';
 import { dirname, join } from 'node:path';
 
-import { file, open, pageFor } from './preview.mjs';
+import { file, leave, open, pageFor } from './preview.mjs';
 
 /** The window that a Markdown page asks for. */
 export const size = { width: 900, height: 900 };
@@ -28,7 +28,7 @@ export async function openMarkdown(browser, t, markdown, options) {
         writeFileSync(join(dirname(path), name), picture);
     }
     const page = await open(browser, await pageFor(path), { size, ...options });
-    t.after(() => page.close());
+    t.after(() => leave(page));
     return page;
 }
 

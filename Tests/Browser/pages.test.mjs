@@ -7,7 +7,7 @@ import { dirname, join } from 'node:path';
 import { after, before, describe, test } from 'node:test';
 
 import { hostileLines, hostileNames, longestName } from './hostile.mjs';
-import { assertNothingForeign, file, launch, open, pageFor, sizeOf, textsBefore } from './preview.mjs';
+import { assertNothingForeign, file, launch, leave, open, pageFor, sizeOf, textsBefore } from './preview.mjs';
 
 let browser;
 before(async () => {
@@ -18,7 +18,7 @@ after(() => browser.close());
 /** The preview of the item at `path`, open for the length of the test `t`. */
 const preview = async (t, path, options) => {
     const page = await open(browser, await pageFor(path), options);
-    t.after(() => page.close());
+    t.after(() => leave(page));
     return page;
 };
 
@@ -104,7 +104,7 @@ test('a page forbids by itself what no page should hold', async (t) => {
     const page = await open(browser, file('page.html', honest.replace('</body>', `${intruders}</body>`)), {
         scripts: true,
     });
-    t.after(() => page.close());
+    t.after(() => leave(page));
     // Its own folder is no more open to a page than the network is.
     assert.deepEqual(page.happenings, []);
 });

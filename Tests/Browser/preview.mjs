@@ -72,34 +72,16 @@ export const launch = () =>
     });
 
 const contexts = new Map();
+const idleTabs = new Map();
 
-/**
- * Opens the HTML file `path` in a new tab of `browser`; the caller closes it.
- *
- * Scripts are off unless asked for, as wherever a preview is shown; what the tests themselves evaluate runs all
- * the same. `page.happenings` collects what no preview may ever cause: requests, dialogs, scripts' words. A
- * `proxy` on this machine answers in place of the network.
- */
-export async function open(
-    browser,
-    path,
-    { scheme = 'light', size = { width: 1000, height: 800 }, scripts = false, proxy } = {},
-) {
-    // Contexts are shared, because a tab in a new one takes three times as long.
-    const options = {
-        colorScheme: scheme,
-        javaScriptEnabled: scripts,
-        viewport: size,
-        ...(proxy && { proxy: { server: proxy } }),
-    };
-    const key = JSON.stringify(options);
-    if (!contexts.has(key)) contexts.set(key, browser.newContext(options));
-    const page = await (await contexts.get(key)).newPage();
-
-    const url = pathToFileURL(path).href;
-    page.happenings = [];
+/** A tab of a context that is shared, because one in a new context takes three times as long. */
+async function newTab(browser, options) {
+    const kind = JSON.stringify(options);
+    if (!contexts.has(kind)) contexts.set(kind, browser.newContext(options));
+    const page = await (await contexts.get(kind)).newPage();
+    page.kind = kind;
     page.on('request', (request) => {
-        const isInside = request.url() === url || request.url().startsWith('data:');
+        const isInside = request.url() === page.preview || request.url().startsWith('data:');
         if (!isInside) page.happenings.push(`request of ${request.url()}`);
     });
     // Chromium announces a request first and asks the page's own policy then.
@@ -116,8 +98,38 @@ export async function open(
     page.on('console', (message) => {
         if (message.type() === 'log') page.happenings.push(`console "${message.text()}"`);
     });
-    await page.goto(url);
     return page;
+}
+
+/**
+ * Opens the HTML file `path` in a tab of `browser`; the caller leaves it.
+ *
+ * Scripts are off unless asked for, as wherever a preview is shown; what the tests themselves evaluate runs all
+ * the same. `page.happenings` collects what no preview may ever cause: requests, dialogs, scripts' words. A
+ * `proxy` on this machine answers in place of the network.
+ */
+export async function open(
+    browser,
+    path,
+    { scheme = 'light', size = { width: 1000, height: 800 }, scripts = false, proxy } = {},
+) {
+    const options = {
+        colorScheme: scheme,
+        javaScriptEnabled: scripts,
+        viewport: size,
+        ...(proxy && { proxy: { server: proxy } }),
+    };
+    const page = idleTabs.get(JSON.stringify(options))?.pop() ?? (await newTab(browser, options));
+    page.preview = pathToFileURL(path).href;
+    page.happenings = [];
+    await page.goto(page.preview);
+    return page;
+}
+
+/** Lets the next page be opened in this tab: a new one takes five times as long. */
+export async function leave(page) {
+    await page.mouse.move(0, 0);
+    idleTabs.set(page.kind, [...(idleTabs.get(page.kind) ?? []), page]);
 }
 
 /**

@@ -6,7 +6,7 @@
 import assert from 'node:assert/strict';
 import { after, before, describe, test } from 'node:test';
 
-import { fixture, launch, open, textsBefore } from './preview.mjs';
+import { fixture, launch, leave, open, textsBefore } from './preview.mjs';
 
 const colours = {
     light: {
@@ -454,7 +454,7 @@ const show = async (kind, options) => {
 /** A sample page for the length of the test `t`. */
 const sample = async (t, kind, options) => {
     const page = await show(kind, options);
-    t.after(() => page.close());
+    t.after(() => leave(page));
     return page;
 };
 
@@ -520,7 +520,7 @@ for (const scheme of ['light', 'dark']) {
                 before(async () => {
                     page = await show(kind, { scheme });
                 });
-                after(() => page.close());
+                after(() => leave(page));
 
                 for (const [selector, style] of Object.entries(rules)) {
                     test(selector, async () => {
