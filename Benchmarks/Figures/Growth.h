@@ -16,6 +16,9 @@ struct Growth {
     /// By how much the time grows from one size to the next, where it grows most. 0 where none takes \p
     /// shortest.
     double largestFactor() const;
+    /// By how much it grows with each doubling, from the first size that takes \p shortest to the largest. Of
+    /// many classes some always meet a slow moment of the machine, which this spreads over all doublings.
+    double meanFactor() const;
 };
 
 /// Does the work once.

@@ -5,14 +5,8 @@
 
 #include <cstdio>
 #include <exception>
-#include <malloc.h>
 
 int main(int argc, char** argv) {
-    // The allocator keeps no large pieces from one run for the next: each is to cost what it does in a new
-    // process.
-    constexpr int pieceBytes = 131'072;
-    mallopt(M_MMAP_THRESHOLD, pieceBytes);
-    mallopt(M_TRIM_THRESHOLD, pieceBytes);
     try {
         const quillmar::Report report(argc > 1 ? argv[1] : "");
         quillmar::Figures::comparisons(report);

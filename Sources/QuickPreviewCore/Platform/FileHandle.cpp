@@ -39,21 +39,23 @@ int openRegular(const FileURL& url, struct stat& status) {
 FileHandle::FileHandle(const FileURL& url) : url_(url) {
     struct stat status {};
     descriptor_ = openRegular(url, status);
-    expected_ = static_cast<std::size_t>(status.st_size);
+    openedSize_ = status.st_size;
 }
 
 FileHandle::~FileHandle() { ::close(descriptor_); }
 
 Data FileHandle::read(std::size_t count) {
     Data data;
+    // A second piece would make the text grow, which takes twice the room.
+    auto expected = static_cast<std::size_t>(std::max<std::int64_t>(openedSize_ - offset(), 0));
     while (data.size() < count) {
         const std::size_t filled = data.size();
         // One byte more than expected, so that the end shows in the same call.
-        const std::size_t piece = std::min(count - filled, std::max(readPiece, expected_ + 1));
+        const std::size_t piece = std::min(count - filled, std::max(readPiece, expected + 1));
         data.resize(filled + piece);
         const std::size_t taken = readOnce(std::span(data).subspan(filled));
         data.resize(filled + taken);
-        expected_ -= std::min(expected_, taken);
+        expected -= std::min(expected, taken);
         if (taken == 0) break;
     }
     return data;

@@ -39,7 +39,7 @@ private:
 
     FileURL url_;
     int descriptor_;
-    std::size_t expected_; ///< bytes that are left by the system's word; only a hint for how much to ask
+    std::int64_t openedSize_; ///< when it was opened; only a hint for how much to ask
 };
 
 /// The first bytes of the file, at most \p count. Throws FileError.
