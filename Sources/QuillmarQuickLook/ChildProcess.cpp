@@ -9,7 +9,8 @@
 
 namespace quillmar {
 
-ChildProcess::ChildProcess(const std::string& program, std::string argument, Environment environment) {
+ChildProcess::ChildProcess(const std::string& program, std::string argument,
+                           std::vector<std::string> environment) {
     std::array<int, 2> ends{};
     if (::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends.data()) != 0) return;
     posix_spawn_file_actions_t actions;
@@ -17,9 +18,11 @@ ChildProcess::ChildProcess(const std::string& program, std::string argument, Env
     posix_spawn_file_actions_adddup2(&actions, ends[1], STDIN_FILENO);
     std::string name = "quillmar";
     std::array<char*, 3> arguments{name.data(), argument.empty() ? nullptr : argument.data(), nullptr};
-    std::array<char*, 1> nothing{nullptr};
-    char** variables = environment == Environment::inherited ? environ : nothing.data();
-    if (::posix_spawn(&process_, program.c_str(), &actions, nullptr, arguments.data(), variables) != 0)
+    std::vector<char*> variables;
+    variables.reserve(environment.size() + 1);
+    for (std::string& variable : environment) variables.push_back(variable.data());
+    variables.push_back(nullptr);
+    if (::posix_spawn(&process_, program.c_str(), &actions, nullptr, arguments.data(), variables.data()) != 0)
         process_ = -1;
     posix_spawn_file_actions_destroy(&actions);
     ::close(ends[1]);

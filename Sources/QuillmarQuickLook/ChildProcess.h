@@ -2,6 +2,7 @@
 
 #include <string>
 #include <sys/types.h>
+#include <vector>
 
 namespace quillmar {
 
@@ -9,10 +10,9 @@ namespace quillmar {
 /// this object at the latest.
 class ChildProcess {
 public:
-    enum class Environment { inherited, empty };
-
-    /// Starts \p program with at most one \p argument. Whether that worked, `isRunning` tells.
-    ChildProcess(const std::string& program, std::string argument, Environment environment);
+    /// Starts \p program with at most one \p argument and an \p environment of "NAME=value"s. Whether that
+    /// worked, `isRunning` tells.
+    ChildProcess(const std::string& program, std::string argument, std::vector<std::string> environment);
     ~ChildProcess();
     ChildProcess(const ChildProcess&) = delete;
     ChildProcess& operator=(const ChildProcess&) = delete;

@@ -19,7 +19,7 @@ std::string IconRenderer::standardProgram() { return installedProgram("QuillmarI
 
 bool IconRenderer::start() {
     if (program_.empty()) return false;
-    process_.emplace(program_, std::string(), ChildProcess::Environment::empty);
+    process_.emplace(program_, std::string(), std::vector<std::string>());
     const bool isReady =
         process_->isRunning() && MessageSocket(process_->socket(), startPatience).receive(0).has_value();
     if (!isReady) process_.reset();

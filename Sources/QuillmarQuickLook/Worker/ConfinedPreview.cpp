@@ -5,6 +5,7 @@
 #include "QuillmarQuickLook/MessageSocket.h"
 #include "QuillmarQuickLook/Worker/HostAnswers.h"
 #include "QuillmarQuickLook/Worker/PreviewWorker.h"
+#include "QuillmarQuickLook/Worker/WorkerEnvironment.h"
 #include "QuillmarQuickLook/Worker/WorkerMessages.h"
 
 #include <algorithm>
@@ -58,7 +59,7 @@ std::string_view reason(ChildProcess& worker, bool isLate) {
 
 PreviewDocument ConfinedPreview::document(const FileURL& url, IconSource* icons, std::stop_token stop) const {
     const Moment end = std::chrono::steady_clock::now() + patience;
-    ChildProcess worker(program_, PreviewWorker::argument, ChildProcess::Environment::inherited);
+    ChildProcess worker(program_, PreviewWorker::argument, WorkerEnvironment::variables());
     // What waits for the worker then finds it gone.
     const std::stop_callback hangUp(std::move(stop), [&worker] { ::shutdown(worker.socket(), SHUT_RDWR); });
     if (worker.isRunning())
@@ -70,7 +71,7 @@ PreviewDocument ConfinedPreview::document(const FileURL& url, IconSource* icons,
 std::string ConfinedPreview::confinement() const {
     constexpr std::size_t maxReportBytes = 4'096;
     const Moment end = std::chrono::steady_clock::now() + patience;
-    const ChildProcess worker(program_, PreviewWorker::argument, ChildProcess::Environment::inherited);
+    const ChildProcess worker(program_, PreviewWorker::argument, WorkerEnvironment::variables());
     if (!worker.isRunning()) return {};
     const std::string job(1, static_cast<char>(PreviewWorker::Job::reportConfinement));
     if (!messages(worker, end).send(job)) return {};
