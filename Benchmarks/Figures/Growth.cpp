@@ -66,17 +66,31 @@ double Growth::meanFactor() const {
 
 Growth measureGrowth(std::size_t largest, const std::function<Job(std::size_t size)>& prepare) {
     // What looks too steep is looked at again: others on the machine can only add to a time.
-    constexpr int mostAttempts = 4;
+    constexpr int someAttempts = 4;
+    constexpr int mostAttempts = 12;
     std::array<Job, 4> jobs;
     for (std::size_t i = 0; i < jobs.size(); ++i) jobs[i] = prepare(largest >> (jobs.size() - 1 - i));
     Growth growth;
     growth.seconds.fill(std::numeric_limits<double>::max());
-    for (int attempt = 0; attempt < mostAttempts; ++attempt) {
+    for (int attempt = 1; attempt <= mostAttempts; ++attempt) {
         for (std::size_t i = 0; i < jobs.size(); ++i)
             growth.seconds[i] = std::min(growth.seconds[i], leastSeconds(jobs[i]));
         if (growth.largestFactor() <= Growth::asked) break;
+        if (attempt >= someAttempts && growth.meanFactor() <= Growth::asked) break;
     }
     return growth;
+}
+
+double timesAsLong(const Job& job, const Job& other, double bound) {
+    constexpr int someTurns = 5;
+    constexpr int mostTurns = 25;
+    double seconds = std::numeric_limits<double>::max();
+    double otherSeconds = seconds;
+    for (int turn = 0; turn < someTurns || (turn < mostTurns && seconds > bound * otherSeconds); ++turn) {
+        seconds = std::min(seconds, secondsOf(job));
+        otherSeconds = std::min(otherSeconds, secondsOf(other));
+    }
+    return seconds / otherSeconds;
 }
 
 } // namespace quillmar

@@ -27,4 +27,8 @@ using Job = std::function<void()>;
 /// Measures the jobs that \p prepare makes for \p largest and its parts.
 Growth measureGrowth(std::size_t largest, const std::function<Job(std::size_t size)>& prepare);
 
+/// How many times as long \p job takes as \p other: the least of some runs of each, in turn, so that a slow
+/// moment of the machine falls on both; of more runs when that is above \p bound.
+double timesAsLong(const Job& job, const Job& other, double bound);
+
 } // namespace quillmar

@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <string>
+#include <utility>
 
 namespace quillmar {
 namespace {
@@ -61,19 +62,18 @@ void Figures::hostileMarkdown(const Report& report) {
     constexpr std::string_view title = "Hostile Markdown";
     constexpr std::size_t bytes = 2'097'152;
     constexpr double askedSlowness = 5;
-    const auto growthOf = [](const std::function<std::string(std::size_t)>& document) {
-        return measureGrowth(bytes, [&](std::size_t size) {
-            return [text = document(size)] { MarkdownRenderers::ours(text); };
-        });
+    const auto rendering = [](std::string text) -> Job {
+        return [text = std::move(text)] { MarkdownRenderers::ours(text); };
     };
-    const double prose = growthOf(MarkdownSamples::prose).seconds.back();
+    const Job prose = rendering(MarkdownSamples::prose(bytes));
     std::vector<Outcome> outcomes;
     for (const HostileMarkdown& kind : quillmar::hostileMarkdown()) {
         if (!report.wants(title, kind.name)) continue;
-        Outcome& outcome = outcomes.emplace_back(Outcome{.name = kind.name, .growth = growthOf(kind.document)});
-        outcome.slowness = outcome.seconds() / prose;
-        outcome.peakMegabytes =
-            CommandRun::hostPeakMegabytes(Samples::file("hostile.md", kind.document(bytes)));
+        Outcome& outcome = outcomes.emplace_back(Outcome{.name = kind.name, .growth = {}});
+        outcome.growth = measureGrowth(bytes, [&](std::size_t size) { return rendering(kind.document(size)); });
+        const std::string largest = kind.document(bytes);
+        outcome.slowness = timesAsLong(rendering(largest), prose, askedSlowness);
+        outcome.peakMegabytes = CommandRun::hostPeakMegabytes(Samples::file("hostile.md", largest));
         outcome.isAbove = outcome.slowness > askedSlowness || outcome.peakMegabytes > askedMegabytes ||
                           outcome.growth.meanFactor() > Growth::asked;
     }

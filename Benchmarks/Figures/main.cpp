@@ -2,12 +2,31 @@
 // or rows whose name contains it.
 
 #include "Benchmarks/Figures/Figures.h"
+#include "QuillmarQuickLook/Worker/WorkerEnvironment.h"
 
 #include <cstdio>
+#include <cstdlib>
 #include <exception>
+#include <unistd.h>
+
+namespace {
+
+/// Starts this program again with the memory that a worker has, for what it renders itself: the allocator looks
+/// at its tunables once. The commands that it starts have the user's environment.
+void haveMemoryOfWorkers(char** arguments) {
+    using namespace quillmar::WorkerEnvironment;
+    if (std::getenv(allocatorTunables) == nullptr) {
+        ::setenv(allocatorTunables, memoryOfWorkers, 0);
+        ::execv("/proc/self/exe", arguments);
+    }
+    ::unsetenv(allocatorTunables);
+}
+
+} // namespace
 
 int main(int argc, char** argv) {
     try {
+        haveMemoryOfWorkers(argv);
         const quillmar::Report report(argc > 1 ? argv[1] : "");
         quillmar::Figures::comparisons(report);
         quillmar::Figures::memory(report);
