@@ -11,14 +11,24 @@
 namespace quillmar {
 namespace {
 
-using Definition = LinkReferences::Definition;
+/// What is left of a definition without its references.
+struct Definition {
+    std::string url;
+    std::optional<std::string> title;
+    bool operator==(const Definition&) const = default;
+};
+
+std::optional<Definition> found(LinkReferences& references, std::string_view label) {
+    const LinkReferences::Definition* definition = references.resolve(label);
+    if (definition == nullptr) return std::nullopt;
+    return Definition{std::string(definition->url), std::optional<std::string>(definition->title)};
+}
 
 /// What \p line defines as \p label.
 std::optional<Definition> defined(std::string_view line, std::string_view label) {
     LinkReferences references;
     if (!references.collect(line)) return std::nullopt;
-    const Definition* found = references.resolve(label);
-    return found != nullptr ? std::optional<Definition>(*found) : std::nullopt;
+    return found(references, label);
 }
 
 bool isDefinition(std::string_view line) { return LinkReferences().collect(line); }
@@ -131,12 +141,12 @@ TEST(LinkDefinition, isWhatTheRegularExpressionMatches) {
         if (!isMatch || isFootnote) continue;
 
         ++definitions;
-        const Definition* found = references.resolve(match->text(1));
-        ASSERT_NE(found, nullptr) << testing::PrintToString(line);
+        const auto definition = found(references, match->text(1));
+        ASSERT_TRUE(definition) << testing::PrintToString(line);
         const std::string url = match->text(2);
         const bool isInAngleBrackets = url.starts_with('<') && url.ends_with('>');
-        ASSERT_EQ(found->url, isInAngleBrackets ? url.substr(1, url.size() - 2) : url);
-        ASSERT_EQ(found->title, match->groups.at(3)) << testing::PrintToString(line);
+        ASSERT_EQ(definition->url, isInAngleBrackets ? url.substr(1, url.size() - 2) : url);
+        ASSERT_EQ(definition->title, match->groups.at(3)) << testing::PrintToString(line);
     }
     EXPECT_GT(definitions, 1'000);
 }
@@ -145,7 +155,7 @@ TEST(LinkReferences, keepTheFirstDefinitionOfALabel) {
     LinkReferences references;
     EXPECT_TRUE(references.collect("[Pear]: first"));
     EXPECT_TRUE(references.collect("[pEAR]: second \"title\""));
-    EXPECT_EQ(*references.resolve("PEAR"), (Definition{"first", {}}));
+    EXPECT_EQ(found(references, "PEAR"), (Definition{"first", {}}));
 }
 
 TEST(LinkReferences, doNotHoldWhatIsNotDefined) {
@@ -160,8 +170,8 @@ TEST(LinkReferences, doNotHoldWhatIsNotDefined) {
 TEST(LinkReferences, mayHaveALabelOfWhiteSpace) {
     LinkReferences references;
     EXPECT_TRUE(references.collect("[ ]: x"));
-    EXPECT_EQ(*references.resolve(""), (Definition{"x", {}}));
-    EXPECT_EQ(*references.resolve("\t\n"), (Definition{"x", {}}));
+    EXPECT_EQ(found(references, ""), (Definition{"x", {}}));
+    EXPECT_EQ(found(references, "\t\n"), (Definition{"x", {}}));
 }
 
 TEST(LinkReferences, leaveFootnotesInTheText) {
@@ -216,11 +226,11 @@ TEST(LinkReferences, closeAFenceAfterItsOpeningLineIsGone) {
 TEST(LinkReferences, stayWhereTheyAre) {
     LinkReferences references;
     references.collect("[a]: x");
-    const Definition* found = references.resolve("a");
+    const LinkReferences::Definition* first = references.resolve("a");
     for (int i = 0; i < 1'000; ++i)
         references.collect(std::string("[").append(std::to_string(i)).append("]: y"));
-    EXPECT_EQ(references.resolve("a"), found);
-    EXPECT_EQ(*found, (Definition{"x", {}}));
+    EXPECT_EQ(references.resolve("a"), first);
+    EXPECT_EQ(found(references, "a"), (Definition{"x", {}}));
 }
 
 TEST(LinkReferences, areFoundUntilTheirTextFillsTheDocument) {

@@ -1,10 +1,13 @@
 #include "Platform/Text.h"
 
+#include "Platform/UTF8.h"
+
 #include <array>
 #include <gtest/gtest.h>
 #include <random>
 #include <string>
 #include <string_view>
+#include <unicode/locid.h>
 #include <unicode/normalizer2.h>
 
 namespace quillmar {
@@ -43,6 +46,26 @@ TEST(Lowercased, usesTheFullMapping) {
     EXPECT_EQ(lowercased("ΟΔΟΣ"), "οδος"); // a final sigma
 }
 
+TEST(Lowercased, isThatOfICUForEveryCharacter) {
+    constexpr char32_t last = 0x10FFFF;
+    std::string text;
+    const auto expectSame = [&text] {
+        const auto expected = icu::UnicodeString::fromUTF8(text).toLower(icu::Locale::getRoot());
+        std::string lower;
+        ASSERT_EQ(lowercased(text), expected.toUTF8String(lower));
+        text.clear();
+    };
+    for (char32_t character = 0; character <= last; ++character) {
+        const bool isSurrogate = character >= 0xD800 && character < 0xE000;
+        const bool dependsOnOthers = character == 0x0130 || character == 0x03A3; // see above
+        if (isSurrogate || dependsOnOthers) continue;
+        UTF8::append(text, character);
+        if (text.size() > 1'000 || character == last) expectSame();
+    }
+}
+
+TEST(Lowercased, keepsWhatIsIllFormed) { EXPECT_EQ(lowercased("A\xFFÉ\xC3"), "a\xFFé\xC3"); }
+
 TEST(CanonicalForm, isTheSameForEquivalentTexts) {
     EXPECT_EQ(canonicalForm("e\u0301"), canonicalForm("\u00E9"));
     EXPECT_EQ(canonicalForm("\u212B"), "\u00C5"); // the ångström sign
@@ -58,6 +81,18 @@ std::string normalized(const std::string& text) {
         ->normalize(icu::UnicodeString::fromUTF8(text), status)
         .toUTF8String(result);
     return result;
+}
+
+TEST(CanonicalForm, isThatOfICUForShortTexts) {
+    std::mt19937 random(1);
+    for (int i = 0; i < 20'000; ++i) {
+        // Half of the texts have Latin letters only, which are not looked at one by one.
+        const char32_t end = i % 2 == 0 ? 0x300 : 0x380;
+        std::string text;
+        for (std::size_t length = random() % 6; length > 0; --length)
+            UTF8::append(text, static_cast<char32_t>(random() % end));
+        ASSERT_EQ(canonicalForm(text), normalized(text)) << text;
+    }
 }
 
 TEST(CanonicalForm, ofManyMarksIsThatOfFew) {

@@ -16,6 +16,18 @@ TEST(UTF8, readsCodePointsOfEveryLength) {
     EXPECT_TRUE(codePointAt(text, 6).isWellFormed);
 }
 
+TEST(UTF8, writesWhatItReads) {
+    for (const char32_t character :
+         {0x0, 0x7F, 0x80, 0x7FF, 0x800, 0xD7FF, 0xE000, 0xFFFF, 0x10000, 0x10FFFF}) {
+        std::string text = "a";
+        append(text, character);
+        const CodePoint read = codePointAt(text, 1);
+        EXPECT_EQ(read.value, character);
+        EXPECT_EQ(read.length, text.size() - 1);
+        EXPECT_TRUE(read.isWellFormed);
+    }
+}
+
 TEST(UTF8, takesOneMaximalSubpartOfAnIllFormedSequence) {
     const auto cut = codePointAt("\xF0\x9F\x8C", 0); // a character of four bytes without its last
     EXPECT_FALSE(cut.isWellFormed);

@@ -14,8 +14,8 @@ enum class BlockKind : std::uint8_t {
     thematicBreak,
     table,  ///< header, delimiter row, body rows
     quotes, ///< opens `number` quotes, one in the other
-    list,   ///< opens a list
-    item,   ///< opens an item of the innermost list, and ends the one before
+    list,   ///< opens a list and its first item
+    item,   ///< opens a further item of the innermost list, and ends the one before
     close,  ///< closes the `number` innermost quotes and lists
 };
 
@@ -26,11 +26,12 @@ struct Block {
     std::uint32_t size = 0;
     std::uint32_t number = 0; ///< see the kinds; of ordered lists the first item's
     BlockKind kind = BlockKind::paragraph;
-    std::uint8_t level = 0;     ///< headings: 1 to 6
-    bool isOrdered : 1 = false; ///< lists
-    bool isLoose : 1 = false;   ///< lists: their paragraphs are marked up as such
-    bool hasTask : 1 = false;   ///< lists: one item has; items: this one has
-    bool isChecked : 1 = false; ///< items with a task
+    std::uint8_t level = 0;      ///< headings: 1 to 6
+    bool isOrdered : 1 = false;  ///< lists
+    bool isLoose : 1 = false;    ///< lists: their paragraphs are marked up as such
+    bool holdsTasks : 1 = false; ///< lists: one item at least has one
+    bool hasTask : 1 = false;    ///< the item that this opens
+    bool isChecked : 1 = false;  ///< the task
 
     std::string_view text(std::string_view document) const { return document.substr(begin, size); }
     /// \p text is a part of \p document, which has fewer than 2^32 bytes (`MarkdownLimits::maxTextBytes`).

@@ -22,7 +22,10 @@ void BlockParser::add(std::string_view line) {
     const Containers::Arrival& arrival = containers_.enter(rest, breaks);
     if (arrival.endsBlock()) open_.close();
     pushClose(arrival.closed);
-    if (arrival.beginsItem) beginItem(rest);
+    if (arrival.beginsItem) {
+        push(BlockKind::item);
+        takeTask(rest);
+    }
     if (open_.isOpen() && open_.take(rest, breaks)) return;
     begin(rest, breaks);
 }
@@ -51,7 +54,7 @@ void BlockParser::begin(Line& line, ThematicBreaks& breaks) {
         if (!marker) return beginLeaf(line);
         openList(*marker);
         line = Line(marker->content);
-        beginItem(line);
+        takeTask(line);
     }
 }
 
@@ -88,13 +91,12 @@ void BlockParser::openList(const ListMarker& marker) {
     list.number = marker.start;
 }
 
-/// Takes the checkbox from \p line, which the item begins with.
-void BlockParser::beginItem(Line& line) {
-    Block& item = push(BlockKind::item);
+/// Takes the checkbox from \p line, with which the item of the last block begins.
+void BlockParser::takeTask(Line& line) {
     const auto task = TaskItem::parse(line.text());
     if (!task) return;
-    item.hasTask = true;
-    item.isChecked = task->checked;
+    blocks_.back().hasTask = true;
+    blocks_.back().isChecked = task->checked;
     containers_.noteTask();
     line = Line(task->text);
 }

@@ -36,7 +36,7 @@ public:
 private:
     void begin(Line& line, ThematicBreaks& breaks);
     void beginLeaf(const Line& line);
-    void beginItem(Line& line);
+    void takeTask(Line& line);
     Block& push(BlockKind kind);
     void pushClose(std::size_t count);
     void openQuote(const Line& rest);

@@ -61,8 +61,8 @@ void BlockRenderer::append(const Block& block) {
     case BlockKind::thematicBreak: html_ += "<hr>\n"; return;
     case BlockKind::table: return appendTable(html_, text(block), inlines_, tables_);
     case BlockKind::quotes: return openQuotes(block.number);
-    case BlockKind::list: return openList(block);
-    case BlockKind::item: return openItem(block);
+    case BlockKind::list: openList(block); return openItem(block);
+    case BlockKind::item: closeItem(containers_.back()); return openItem(block);
     case BlockKind::close: return close(block.number);
     }
 }
@@ -70,7 +70,7 @@ void BlockRenderer::append(const Block& block) {
 void BlockRenderer::appendHeading(const Block& block) {
     const HeadingTags& tags = headingTags.at(block.level - 1U);
     html_ += tags.opening;
-    html_ += identifiers_.slug(text(block));
+    identifiers_.appendSlug(html_, text(block));
     html_ += "\">";
     inlines_.append(html_, text(block));
     html_ += tags.closing;
@@ -98,27 +98,31 @@ void BlockRenderer::openQuotes(std::size_t count) {
 }
 
 void BlockRenderer::openList(const Block& list) {
+    const bool hasAttributes = list.holdsTasks || (list.isOrdered && list.number != 1);
+    if (hasAttributes)
+        appendListTag(list);
+    else
+        html_ += list.isOrdered ? "<ol>\n" : "<ul>\n";
+    containers_.push_back({.isList = true, .isOrdered = list.isOrdered, .isLoose = list.isLoose});
+}
+
+void BlockRenderer::appendListTag(const Block& list) {
     html_ += list.isOrdered ? "<ol" : "<ul";
     if (list.isOrdered && list.number != 1) {
         html_ += " start=\"";
         html_ += std::to_string(list.number);
         html_ += '"';
     }
-    if (list.hasTask) html_ += " class=\"tasks\"";
+    if (list.holdsTasks) html_ += " class=\"tasks\"";
     html_ += ">\n";
-    containers_.push_back(
-        {.isList = true, .isOrdered = list.isOrdered, .isLoose = list.isLoose, .hasItem = false});
 }
 
 void BlockRenderer::openItem(const Block& item) {
-    Container& list = containers_.back();
-    if (list.hasItem) closeItem(list);
     html_ += item.hasTask ? "<li class=\"task\">" : "<li>";
     if (item.hasTask)
         html_ += item.isChecked ? "<input type=\"checkbox\" disabled checked> "
                                 : "<input type=\"checkbox\" disabled> ";
-    list.hasItem = true;
-    list.number = html_.size();
+    containers_.back().number = html_.size();
 }
 
 /// Takes the line feeds from both ends of the item.

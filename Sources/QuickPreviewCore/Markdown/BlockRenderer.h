@@ -31,7 +31,6 @@ private:
         bool isList = false;
         bool isOrdered = false;
         bool isLoose = false;
-        bool hasItem = false;
     };
 
     void append(const Block& block);
@@ -40,6 +39,7 @@ private:
     void appendFencedCode(std::string_view text);
     void openQuotes(std::size_t count);
     void openList(const Block& list);
+    void appendListTag(const Block& list);
     void openItem(const Block& item);
     void closeItem(Container& list);
     void close(std::size_t count);

@@ -20,7 +20,7 @@ std::optional<BracketPairs::Closing> BracketPairs::closing(std::size_t open, std
     }
     const auto answer = [&](const Pair& pair, std::size_t walk) -> std::optional<Closing> {
         if (pair.close >= limit) return std::nullopt;
-        return Closing{.position = pair.close, .walk = walk};
+        return Closing{.position = pair.close, .walk = static_cast<std::uint32_t>(walk)};
     };
     // Walks of this part of the text that have ended may stand below one that goes on.
     std::size_t first = walks_.size();

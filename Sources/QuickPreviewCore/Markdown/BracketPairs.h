@@ -25,10 +25,10 @@ public:
 
     struct Closing {
         std::size_t position;
-        std::size_t walk; ///< by which it was found; knows the brackets inside as well
+        std::uint32_t walk; ///< by which it was found; knows the brackets inside as well
     };
     /// For the text as a whole, which no walk has found.
-    static constexpr std::size_t noWalk = static_cast<std::size_t>(-1);
+    static constexpr std::uint32_t noWalk = static_cast<std::uint32_t>(-1);
 
     /// For the "[" at \p open in the part of the text that ends at \p limit and was found by \p outerWalk.
     /// Questions go from left to right.

@@ -5,7 +5,7 @@
 namespace quillmar::Markdown::CaseFolding {
 namespace {
 
-constexpr bool isASCII(char c) { return static_cast<unsigned char>(c) < 0x80; }
+using UTF8::isASCII;
 
 constexpr char lowercased(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 

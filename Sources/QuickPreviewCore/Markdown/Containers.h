@@ -42,7 +42,7 @@ public:
     void openList(const ListMarker& marker, std::size_t block);
 
     /// Marks the innermost container, a list, as one with tasks.
-    void noteTask() { blocks_[entries_.back().number].hasTask = true; }
+    void noteTask() { blocks_[entries_.back().number].holdsTasks = true; }
 
     /// Quotes and lists that are open.
     std::size_t count() const;

@@ -69,7 +69,6 @@ void Emphasis::clear() {
     openers_.clear();
     openersOf_ = {};
     outer_.clear();
-    base_.clear();
     bytesToInsert_ = 0;
 }
 
@@ -119,15 +118,13 @@ void Emphasis::dropOpener() {
 }
 
 void Emphasis::beginLinkText() {
-    outer_.push_back(openersOf_);
-    base_.push_back(openers_.size());
+    outer_.push_back({.openersOf = openersOf_, .openers = static_cast<Number>(openers_.size())});
     openersOf_ = {};
 }
 
 void Emphasis::endLinkText() {
-    openers_.resize(base_.back());
-    openersOf_ = outer_.back();
-    base_.pop_back();
+    openers_.resize(outer_.back().openers);
+    openersOf_ = outer_.back().openersOf;
     outer_.pop_back();
 }
 

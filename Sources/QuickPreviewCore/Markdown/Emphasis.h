@@ -53,6 +53,11 @@ private:
         Element element = Element::emphasis;
     };
     using Counts = std::array<Number, 3>; ///< openers of each character
+    /// What waits while a link's text is matched.
+    struct OuterText {
+        Counts openersOf;
+        Number openers; ///< the number of all, those of texts further out too
+    };
 
     void close(Number index);
     void addMatch(Delimiter& opener, Number closer);
@@ -61,9 +66,8 @@ private:
     std::vector<Delimiter> delimiters_;
     std::vector<Match> matches_; ///< by closer
     std::vector<Number> openers_;
-    Counts openersOf_{};            ///< in the innermost link text
-    std::vector<Counts> outer_;     ///< of the texts around it
-    std::vector<std::size_t> base_; ///< `openers_` below are theirs
+    Counts openersOf_{}; ///< in the innermost link text
+    std::vector<OuterText> outer_;
     std::size_t bytesToInsert_ = 0;
     std::string text_; ///< the HTML as it was
 };

@@ -45,28 +45,35 @@ void appendBase(std::string& identifier, std::string_view heading) {
     }
 }
 
-void appendNumber(std::string& identifier, std::size_t number) {
-    std::array<char, std::numeric_limits<std::size_t>::digits10 + 2> text{'-'};
+void appendNumber(std::string& identifier, std::uint32_t number) {
+    std::array<char, std::numeric_limits<std::uint32_t>::digits10 + 2> text{'-'};
     const auto end = std::to_chars(text.data() + 1, text.data() + text.size(), number).ptr;
     identifier.append(text.data(), end);
 }
 
 } // namespace
 
-const std::string& HeadingIdentifiers::slug(std::string_view heading) {
-    identifier_.clear();
-    std::size_t number = 0;
+void HeadingIdentifiers::appendSlug(std::string& html, std::string_view heading) {
+    const std::size_t start = html.size();
+    const auto identifier = [&] { return std::string_view(html).substr(start); };
+    std::size_t base = 0;
     if (UTF8::isASCII(heading)) {
-        appendBaseOfASCII(identifier_, heading);
-        number = bases_.insert(identifier_);
+        appendBaseOfASCII(html, heading);
+        base = bases_.insert(identifier());
     } else {
-        appendBase(identifier_, lowercased(heading));
-        number = bases_.insert(canonicalForm(identifier_));
+        appendBase(html, lowercased(heading));
+        base = baseOfSpelling(identifier());
     }
-    if (number == timesGiven_.size()) timesGiven_.push_back(0);
-    const std::size_t before = timesGiven_[number]++;
-    if (before > 0) appendNumber(identifier_, before);
-    return identifier_;
+    if (base == timesGiven_.size()) timesGiven_.push_back(0);
+    const std::uint32_t before = timesGiven_[base]++;
+    if (before > 0) appendNumber(html, before);
+}
+
+/// The number of a base, which may be spelled in several ways.
+std::size_t HeadingIdentifiers::baseOfSpelling(std::string_view identifier) {
+    const std::size_t spelling = spellings_.insert(identifier);
+    if (spelling == basesOf_.size()) basesOf_.push_back(bases_.insert(canonicalForm(std::string(identifier))));
+    return basesOf_[spelling];
 }
 
 } // namespace quillmar

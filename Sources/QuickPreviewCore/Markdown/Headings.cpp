@@ -39,8 +39,9 @@ std::optional<ATXHeading> ATXHeading::parse(const Line& line) {
     const std::size_t level = hashes(line.content());
     if (level > maxLevel) return std::nullopt;
     const std::string_view rest = line.content().substr(level);
-    if (!trimmed(rest).empty() && rest[0] != ' ') return std::nullopt;
-    return ATXHeading{.level = static_cast<int>(level), .text = withoutClosingSequence(trimmed(rest))};
+    const std::string_view text = trimmed(rest);
+    if (!text.empty() && rest[0] != ' ') return std::nullopt;
+    return ATXHeading{.level = static_cast<int>(level), .text = withoutClosingSequence(text)};
 }
 
 int setextLevel(const Line& line) {

@@ -14,14 +14,14 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 #include <vector>
 
 namespace quillmar::Markdown {
 namespace {
 
 bool isASCIIPunctuation(char c) {
-    return static_cast<unsigned char>(c) < 0x80 &&
-           CharacterClass::isPunctuationOrSymbol(static_cast<char32_t>(c));
+    return UTF8::isASCII(c) && CharacterClass::isPunctuationOrSymbol(static_cast<char32_t>(c));
 }
 
 /// Characters that are not simply copied: those that begin a construct, and those that HTML escapes.
@@ -49,12 +49,14 @@ struct Inlines::State {
     State(LinkReferences& references, const ImageResolver& imageResolver)
         : resolveImage(imageResolver), links(references, backticks) {}
 
-    /// The whole text, or the text of a link in it.
+    using Position = std::uint32_t; // see `MarkdownLimits::maxTextBytes`
+
+    /// The whole text, or the text of a link in it. Kept small: links may nest, one in every seven bytes.
     struct Part {
-        std::size_t begin = 0;
-        std::size_t end = 0;
-        std::size_t resumeAt = 0; ///< of a link: the position behind it
-        std::size_t walk = BracketPairs::noWalk;
+        Position begin = 0;
+        Position end = 0;
+        Position resumeAt = 0; ///< of a link: the position behind it
+        std::uint32_t walk = BracketPairs::noWalk;
     };
 
     const ImageResolver& resolveImage;
@@ -93,7 +95,7 @@ struct Inlines::State {
 void Inlines::State::run(std::string& output, std::string_view input) {
     html = &output;
     text = input;
-    part = {.begin = 0, .end = text.size(), .resumeAt = 0, .walk = BracketPairs::noWalk};
+    part = {.begin = 0, .end = static_cast<Position>(text.size()), .resumeAt = 0, .walk = BracketPairs::noWalk};
     position = 0;
     pendingStart = output.size();
     copyPlainText();
@@ -221,8 +223,11 @@ bool Inlines::State::link() {
     *html += "\">";
     emphasis.beginLinkText();
     parts.push_back(part);
-    const std::size_t begin = position + 1;
-    part = {.begin = begin, .end = begin + link->text.size(), .resumeAt = link->end, .walk = link->walk};
+    const auto begin = static_cast<Position>(position + 1);
+    part = {.begin = begin,
+            .end = begin + static_cast<Position>(link->text.size()),
+            .resumeAt = static_cast<Position>(link->end),
+            .walk = link->walk};
     position = begin;
     return true;
 }
@@ -254,7 +259,7 @@ DelimiterRun Inlines::State::classify(std::size_t end) const {
 }
 
 void Inlines::State::delimiterRun() {
-    const std::size_t end = std::min(text.find_first_not_of(text[position], position), part.end);
+    const std::size_t end = std::min<std::size_t>(text.find_first_not_of(text[position], position), part.end);
     const bool isDelimiter = text[position] != '~' || end - position == 2;
     const DelimiterRun run = isDelimiter ? classify(end) : DelimiterRun{};
     if (run.canOpen || run.canClose) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Markdown/Lines.h"
+#include "Platform/UTF8.h"
 
 #include <cstddef>
 #include <string_view>
@@ -18,7 +19,7 @@ public:
             ++contentStart_;
         isBlank_ = contentStart_ == text.size();
         // Only what is not ASCII can be further white space that trimming removes.
-        const bool isASCII = isBlank_ || static_cast<unsigned char>(text[contentStart_]) < 0x80;
+        const bool isASCII = isBlank_ || UTF8::isASCII(text[contentStart_]);
         if (!isASCII) contentStart_ = text.size() - trimmedStart(text.substr(contentStart_)).size();
     }
 

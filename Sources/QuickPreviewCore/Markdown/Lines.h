@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Platform/UTF8.h"
+
 #include <algorithm>
 #include <cstddef>
 #include <string>
@@ -24,10 +26,11 @@ inline std::size_t indentation(std::string_view line) {
 std::string_view trimmedAtBothEnds(std::string_view text);
 std::string_view trimmedStart(std::string_view text);
 
-/// The same as `trimmedAtBothEnds`, without a call for text that begins and ends with letters of ASCII.
+/// The same as `trimmedAtBothEnds`, without a call for no text, and for one that begins and ends with letters
+/// of ASCII.
 inline std::string_view trimmed(std::string_view text) {
-    const auto isKept = [](char c) { return c > ' ' && static_cast<unsigned char>(c) < 0x80; };
-    if (!text.empty() && isKept(text.front()) && isKept(text.back())) return text;
+    const auto isKept = [](char c) { return c > ' ' && UTF8::isASCII(c); };
+    if (text.empty() || (isKept(text.front()) && isKept(text.back()))) return text;
     return trimmedAtBothEnds(text);
 }
 

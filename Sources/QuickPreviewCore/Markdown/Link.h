@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string_view>
 
@@ -11,8 +12,8 @@ struct Link {
     std::string_view text; ///< what the brackets hold, raw
     std::string_view url;
     std::optional<std::string_view> title;
-    std::size_t end = 0;  ///< position behind it
-    std::size_t walk = 0; ///< by which its brackets were found (see `BracketPairs`)
+    std::size_t end = 0;    ///< position behind it
+    std::uint32_t walk = 0; ///< by which its brackets were found (see `BracketPairs`)
 };
 
 } // namespace quillmar::Markdown

@@ -77,6 +77,13 @@ bool readDefinition(std::string_view line, std::size_t bracket, Parts& parts) {
     return parts.title.has_value();
 }
 
+/// True when "]:" stands in \p text. Documents of little but brackets have work enough to be done.
+bool mayHoldDefinitions(std::string_view text) {
+    std::size_t colon = text.find(':');
+    while (colon != text.npos && (colon == 0 || text[colon - 1] != ']')) colon = text.find(':', colon + 1);
+    return colon != text.npos;
+}
+
 /// True for most labels that are: one word of letters and digits.
 bool isNormalized(std::string_view label) {
     return std::all_of(label.begin(), label.end(),
@@ -92,8 +99,7 @@ std::string_view withoutAngleBrackets(std::string_view url) {
 
 std::vector<std::size_t> LinkReferences::collectReferences(std::string_view text) {
     std::vector<std::size_t> definitions;
-    const bool mayHoldDefinitions = text.find("]:") != text.npos;
-    if (!mayHoldDefinitions) return definitions;
+    if (!mayHoldDefinitions(text)) return definitions;
     for (Markdown::LineReader lines(text); !lines.atEnd();) {
         const std::string_view line = lines.next();
         if (collect(line)) definitions.push_back(static_cast<std::size_t>(line.data() - text.data()));
@@ -122,9 +128,17 @@ bool LinkReferences::collect(std::string_view line) {
     const bool isNew = labels_.insert(parts.label) == definitions_.size();
     if (!isNew) return true;
     Definition& definition = definitions_.emplace_back();
-    definition.url = withoutAngleBrackets(parts.url);
-    if (parts.title) definition.title = *parts.title;
+    definition.url = kept(withoutAngleBrackets(parts.url));
+    if (parts.title) definition.title = kept(*parts.title);
     return true;
+}
+
+/// A copy of \p text: the line that it stands in may be gone before it is asked for.
+std::string_view LinkReferences::kept(std::string_view text) {
+    if (text.empty()) return {};
+    auto* const bytes = static_cast<char*>(memory_.allocate(text.size(), alignof(char)));
+    std::ranges::copy(text, bytes);
+    return {bytes, text.size()};
 }
 
 const LinkReferences::Definition* LinkReferences::resolve(std::string_view label) {

@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <deque>
+#include <memory_resource>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -15,9 +16,10 @@ namespace quillmar {
 /// The link reference definitions of one document ("[label]: destination "title"").
 class LinkReferences {
 public:
+    /// Views into what these references keep.
     struct Definition {
-        std::string url;
-        std::optional<std::string> title;
+        std::string_view url;
+        std::optional<std::string_view> title;
         bool operator==(const Definition&) const = default;
     };
 
@@ -34,7 +36,10 @@ public:
     const Definition* resolve(std::string_view label);
 
 private:
-    TextIndex labels_;                   ///< normalised
+    std::string_view kept(std::string_view text);
+
+    TextIndex labels_; ///< normalised
+    std::pmr::monotonic_buffer_resource memory_;
     std::deque<Definition> definitions_; ///< by the number of the label
     std::optional<Markdown::Fence> openFence_;
     std::size_t resolvedBytes_ = 0;

@@ -1,27 +1,19 @@
 #include "Markdown/TextBoundaries.h"
 
 #include "Platform/CharacterClass.h"
-#include "Platform/UTF8.h"
 
 namespace quillmar::Markdown {
-
 namespace {
 
-constexpr bool isASCII(char c) { return static_cast<unsigned char>(c) < 0x80; }
-
-/// White space in ASCII, where nearly all of it is.
-constexpr bool isASCIIWhiteSpace(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
-
 std::size_t whiteSpaceLengthBefore(std::string_view text, std::size_t end) {
-    if (isASCII(text[end - 1])) return isASCIIWhiteSpace(text[end - 1]) ? 1 : 0;
+    if (UTF8::isASCII(text[end - 1])) return isASCIIWhiteSpace(text[end - 1]) ? 1 : 0;
     const UTF8::CodePoint character = UTF8::codePointBefore(text, end);
     return CharacterClass::isWhiteSpace(character.value) ? character.length : 0;
 }
 
 } // namespace
 
-std::size_t whiteSpaceLengthAt(std::string_view text, std::size_t position) {
-    if (isASCII(text[position])) return isASCIIWhiteSpace(text[position]) ? 1 : 0;
+std::size_t longWhiteSpaceLengthAt(std::string_view text, std::size_t position) {
     const UTF8::CodePoint character = UTF8::codePointAt(text, position);
     return CharacterClass::isWhiteSpace(character.value) ? character.length : 0;
 }

@@ -83,7 +83,8 @@ std::string sortKey(const icu::Collator& collator, std::string_view name) {
 /// Keys of \p names whose bytes compare as the names do in the user's locale.
 std::vector<std::string> sortKeys(const std::vector<std::string_view>& names) {
     const std::string locale = currentLocale(LocaleCategory::collation);
-    const bool needsCollator = locale != usEnglish || !std::ranges::all_of(names, UTF8::isASCII);
+    const auto isASCII = [](std::string_view name) { return UTF8::isASCII(name); };
+    const bool needsCollator = locale != usEnglish || !std::ranges::all_of(names, isASCII);
     const icu::Collator* collator = needsCollator ? collatorFor(locale).get() : nullptr;
 
     std::vector<std::string> keys;

@@ -72,6 +72,20 @@ icu::UnicodeString orderedText(const icu::Normalizer2& normalizer, std::string_v
     return ordered;
 }
 
+char lowercasedASCII(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+
+/// The characters whose lower case is more than one character or depends on those around them, in no particular
+/// language (SpecialCasing.txt): a capital I with a dot, and the capital sigma.
+bool hasSpecialLowerCase(char32_t character) { return character == 0x0130 || character == 0x03A3; }
+
+std::string lowercasedByContext(std::string_view text) {
+    std::string lower;
+    icu::StringByteSink<std::string> sink(&lower);
+    UErrorCode status = U_ZERO_ERROR;
+    icu::CaseMap::utf8ToLower("", 0, text, sink, nullptr, status);
+    return U_SUCCESS(status) ? lower : std::string(text);
+}
+
 } // namespace
 
 std::string decodedText(Data data) {
@@ -87,20 +101,28 @@ std::string repairedText(Data data) {
 
 std::string lowercased(std::string_view text) {
     std::string lower;
-    if (UTF8::isASCII(text)) {
-        lower = text;
-        for (char& c : lower)
-            if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-        return lower;
+    lower.reserve(text.size());
+    for (std::size_t i = 0; i < text.size();) {
+        if (UTF8::isASCII(text[i])) {
+            lower += lowercasedASCII(text[i++]);
+            continue;
+        }
+        const UTF8::CodePoint character = UTF8::codePointAt(text, i);
+        if (hasSpecialLowerCase(character.value)) return lowercasedByContext(text);
+        const auto lowerCase = static_cast<char32_t>(u_tolower(static_cast<UChar32>(character.value)));
+        if (lowerCase == character.value)
+            lower.append(text, i, character.length);
+        else
+            UTF8::append(lower, lowerCase);
+        i += character.length;
     }
-    icu::StringByteSink<std::string> sink(&lower);
-    UErrorCode status = U_ZERO_ERROR;
-    icu::CaseMap::utf8ToLower("", 0, text, sink, nullptr, status);
-    return U_SUCCESS(status) ? lower : std::string(text);
+    return lower;
 }
 
 std::string canonicalForm(std::string text) {
-    if (text.size() > maxCanonicalBytes || UTF8::isASCII(text)) return text;
+    // U+0300, which begins with 0xCC, is the first character that is not always itself.
+    const auto isInert = [](char byte) { return static_cast<unsigned char>(byte) < 0xCC; };
+    if (text.size() > maxCanonicalBytes || std::ranges::all_of(text, isInert)) return text;
     UErrorCode status = U_ZERO_ERROR;
     const icu::Normalizer2* nfc = icu::Normalizer2::getNFCInstance(status);
     if (U_FAILURE(status)) return text;

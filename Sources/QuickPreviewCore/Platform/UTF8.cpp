@@ -41,31 +41,54 @@ std::size_t asciiPrefix(std::string_view text) {
         std::memcpy(&word, text.data() + i, sizeof word);
         if ((word & highBits) != 0) break;
     }
-    while (i < text.size() && static_cast<unsigned char>(text[i]) < 0x80) ++i;
+    while (i < text.size() && isASCII(text[i])) ++i;
     return i;
 }
 
 } // namespace
 
-CodePoint codePointAt(std::string_view text, std::size_t position) {
+CodePoint longCodePointAt(std::string_view text, std::size_t position) {
     std::size_t end = position;
     const UChar32 character = next(text, end);
     if (character < 0) return {.value = 0xFFFD, .length = end - position, .isWellFormed = false};
     return {.value = static_cast<char32_t>(character), .length = end - position, .isWellFormed = true};
 }
 
-CodePoint codePointBefore(std::string_view text, std::size_t position) {
+CodePoint longCodePointBefore(std::string_view text, std::size_t position) {
     std::size_t start = position;
     const UChar32 character = previous(text, start);
     if (character < 0) return {.value = 0xFFFD, .length = position - start, .isWellFormed = false};
     return {.value = static_cast<char32_t>(character), .length = position - start, .isWellFormed = true};
 }
 
+void append(std::string& text, char32_t character) {
+    constexpr unsigned bits = 6; // of a continuation byte
+    const auto lead = [&](unsigned mark, unsigned continuations) {
+        text += static_cast<char>(mark | character >> bits * continuations);
+    };
+    const auto continuation = [&](unsigned behind) {
+        text += static_cast<char>(0x80U | (character >> bits * behind & 0x3FU));
+    };
+    if (character < 0x80) return lead(0, 0);
+    if (character < 0x800) {
+        lead(0xC0, 1);
+    } else {
+        if (character < 0x10000) {
+            lead(0xE0, 2);
+        } else {
+            lead(0xF0, 3);
+            continuation(2);
+        }
+        continuation(1);
+    }
+    continuation(0);
+}
+
 std::size_t validPrefix(std::string_view text) {
     std::size_t i = 0;
     while (i < text.size()) {
         i += asciiPrefix(text.substr(i));
-        while (i < text.size() && static_cast<unsigned char>(text[i]) >= 0x80) {
+        while (i < text.size() && !isASCII(text[i])) {
             std::size_t end = i;
             if (next(text, end) < 0) return i;
             i = end;
