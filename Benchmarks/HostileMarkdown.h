@@ -14,6 +14,14 @@ struct HostileMarkdown {
     std::function<std::string(std::size_t bytes)> document; ///< not longer than its argument
 };
 
-std::vector<HostileMarkdown> hostileMarkdown();
+using HostileDocuments = std::vector<HostileMarkdown>;
+
+HostileDocuments hostileContainers();
+HostileDocuments hostileLeafBlocks();
+HostileDocuments hostileLinks();
+HostileDocuments hostileInlines();
+
+/// All of them.
+HostileDocuments hostileMarkdown();
 
 } // namespace quillmar

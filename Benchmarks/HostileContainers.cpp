@@ -1,0 +1,70 @@
+#include "Benchmarks/HostileMarkdown.h"
+#include "Benchmarks/HostileTexts.h"
+
+namespace quillmar {
+
+using namespace HostileTexts;
+
+HostileDocuments hostileContainers() {
+    return {
+        {"quotes nested", repeated(">")},
+        {"quotes nested, spaced", repeated("> ")},
+        {"quotes one by one", repeated("> a\n\n")},
+        {"quote of many lines", repeated("> a\n")},
+        {"quote lines growing deeper", growing(">", "a\n")},
+        {"quotes nested, then lazy lines", halves(">", "\na")},
+        {"quotes nested, then empty lines", halves(">", "\n")},
+        {"quote lines and lazy lines", repeated("> a\na\n")},
+        {"deep quotes, every line as deep",
+         square("> ", [](std::size_t depth) { return times(depth, "> ").append("a\n"); })},
+        {"deep quotes, lines half as deep",
+         square("> ", [](std::size_t depth) { return times(depth / 2, "> ").append("a\n"); })},
+        {"bullets nested", repeated("- ")},
+        {"bullets nested, mixed", repeated("- * + ")},
+        {"numbers nested", repeated("1. ")},
+        {"quotes and bullets nested", repeated("> - ")},
+        {"bullets and quotes nested", repeated("- > ")},
+        {"all containers nested", repeated("- > 1. * > 2) + ")},
+        {"bullets nested, then empty lines and text",
+         [](std::size_t bytes) { return halves("- ", "\n")(bytes - 2).append("a\n"); }},
+        {"bullets nested, then lazy lines", halves("- ", "\na")},
+        {"bullets nested, then indented lines", halves("- ", "\n  a")},
+        {"bullets nested, then items", halves("- ", "\n- a")},
+        {"bullets nested, then far indented items", halves("- ", "\n     - a")},
+        {"bullets growing deeper", growing("  ", "- a\n")},
+        {"bullets growing deeper, loose", growing("  ", "- a\n\n")},
+        {"numbers growing deeper", growing("   ", "1. a\n")},
+        {"bullets nested line by line, growing", growing("- ", "a\n")},
+        {"deep bullets, lines at their depth",
+         square("- ", [](std::size_t depth) { return spaces(2 * depth).append("a\n"); })},
+        {"deep bullets, lines and empty lines",
+         square("- ", [](std::size_t depth) { return spaces(2 * depth).append("a\n\n"); })},
+        {"deep bullets, items at their depth",
+         square("- ", [](std::size_t depth) { return spaces(2 * depth).append("- a\n"); })},
+        {"deep bullets, lines at half their depth",
+         square("- ", [](std::size_t depth) { return spaces(depth).append("a\n"); })},
+        {"deep bullets, lazy lines", square("- ", [](std::size_t) { return std::string("a\n"); })},
+        {"deep bullets, empty lines", square("- ", [](std::size_t) { return std::string("\n"); })},
+        {"items", repeated("- a\n")},
+        {"items, loose", repeated("- a\n\n")},
+        {"items without text", repeated("-\n")},
+        {"items that each end the list", repeated("- a\n+ a\n* a\n")},
+        {"items indented by one to three", repeated("- a\n - a\n  - a\n   - a\n")},
+        {"numbers", repeated("1. a\n1) a\n")},
+        {"numbers that do not interrupt", repeated("2. a\n", "a\n")},
+        {"numbers of ten digits", repeated("1234567890. a\n")},
+        {"tasks", repeated("- [x] a\n- [ ]\n")},
+        {"tasks nested", repeated("- [x] ")},
+        {"item, then empty lines", repeated("\n", "- a\n")},
+        {"items far apart", repeated("- a\n\n\n\n\n\n\n\n")},
+        {"items and quotes in turn", repeated("- a\n> b\n")},
+        {"item lines with lazy quotes", repeated("- > a\n  b\nc\n")},
+        {"breaks that end in text", repeated("- - - - - - - - x\n")},
+        {"break that ends in text", [](std::size_t bytes) { return times(bytes / 2 - 1, "* ").append("x"); }},
+        {"break of one line", repeated("* ")},
+        {"breaks", repeated("***\n- - -\n")},
+        {"bullets and breaks", repeated("- ***\n")},
+    };
+}
+
+} // namespace quillmar
