@@ -1,5 +1,6 @@
 #include "Platform/UTF8.h"
 
+#include <array>
 #include <gtest/gtest.h>
 #include <string>
 
@@ -17,8 +18,9 @@ TEST(UTF8, readsCodePointsOfEveryLength) {
 }
 
 TEST(UTF8, writesWhatItReads) {
-    for (const char32_t character :
-         {0x0, 0x7F, 0x80, 0x7FF, 0x800, 0xD7FF, 0xE000, 0xFFFF, 0x10000, 0x10FFFF}) {
+    constexpr std::array<char32_t, 10> characters{0x0,    0x7F,   0x80,   0x7FF,   0x800,
+                                                  0xD7FF, 0xE000, 0xFFFF, 0x10000, 0x10FFFF};
+    for (const char32_t character : characters) {
         std::string text = "a";
         append(text, character);
         const CodePoint read = codePointAt(text, 1);
