@@ -27,16 +27,21 @@ private:
 /// Runs the main loop until \p condition holds. False when it does not come true for so long that it never
 /// will.
 inline bool waitUntil(const std::function<bool()>& condition) {
-    constexpr guint patience = 20'000; // milliseconds
-    bool isOver = false;
-    const auto giveUp = [](gpointer over) -> gboolean {
-        *static_cast<bool*>(over) = true;
+    constexpr guint tick = 10; // milliseconds, after which it is asked again although nothing has happened
+    constexpr int patience = 2'000;
+    int ticks = 0;
+    const auto count = [](gpointer counted) -> gboolean {
+        ++*static_cast<int*>(counted);
         return G_SOURCE_CONTINUE;
     };
-    const guint timer = g_timeout_add(patience, giveUp, &isOver);
-    while (!condition() && !isOver) g_main_context_iteration(nullptr, TRUE);
+    const guint timer = g_timeout_add(tick, count, &ticks);
+    bool isMet = condition();
+    while (!isMet && ticks < patience) {
+        g_main_context_iteration(nullptr, TRUE);
+        isMet = condition();
+    }
     g_source_remove(timer);
-    return !isOver;
+    return isMet;
 }
 
 /// A program on the bus: the previewer's connection, or a file manager.
